@@ -1,0 +1,29 @@
+#pragma once
+// An owned POSIX file descriptor, and the whole-file reads and writes built on it.
+
+#include <string>
+#include <string_view>
+
+class TFileDescriptor {
+public:
+    TFileDescriptor() = default;
+    explicit TFileDescriptor(int fd) : fd(fd) {}
+    ~TFileDescriptor() { Close(); }
+    TFileDescriptor(TFileDescriptor&& other) noexcept : fd(other.Release()) {}
+    TFileDescriptor& operator=(TFileDescriptor&& other) noexcept;
+    TFileDescriptor(const TFileDescriptor&) = delete;
+    TFileDescriptor& operator=(const TFileDescriptor&) = delete;
+
+    int Get() const { return fd; }
+    bool IsOpen() const { return fd >= 0; }
+    int Release();
+    void Close();
+
+private:
+    int fd = -1;
+};
+
+// Reads the whole file into out (replacing its content). False with errno set on failure.
+bool ReadWholeFile(const char* path, std::string& out);
+// Writes all of data, retrying short writes. False with errno set on failure.
+bool WriteAll(int fd, std::string_view data);

@@ -1,0 +1,3 @@
+#include "platform/Dialogs.h"
+
+TDialogs* Dialogs = nullptr;

@@ -1,0 +1,28 @@
+#pragma once
+// An application object without a screen: ProcessMessages runs the events
+// posted so far, in order. Tests post a "click" that then arrives in the
+// middle of a wait or a scan, as it would from a person.
+
+#include <chrono>
+#include <deque>
+
+#include "platform/Application.h"
+
+class THeadlessApplication : public TApplication {
+public:
+    THeadlessApplication();
+    void ProcessMessages() override;
+    bool Terminated() const override { return terminated; }
+    void Terminate() override { terminated = true; }
+    std::uint32_t GetTickCount() const override;
+    void Post(std::function<void()> event) override { queue.push_back(std::move(event)); }
+
+    int ProcessMessagesCalls() const { return passes; }
+    bool HasPendingEvents() const { return !queue.empty(); }
+
+private:
+    std::deque<std::function<void()>> queue;
+    std::chrono::steady_clock::time_point start;
+    bool terminated = false;
+    int passes = 0;
+};

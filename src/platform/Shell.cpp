@@ -1,0 +1,3 @@
+#include "platform/Shell.h"
+
+TShell* Shell = nullptr;

@@ -1,0 +1,125 @@
+#include "platform/linux/LinuxShell.h"
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gio/gio.h>
+
+extern char** environ;
+
+namespace {
+
+bool IsExecutableFile(const struct stat& st, const char* path) {
+    return S_ISREG(st.st_mode) && ::access(path, X_OK) == 0;
+}
+
+// A bare name is a program looked up in PATH, as a command line would name it.
+AnsiString FindInPath(const AnsiString& name) {
+    const char* path = std::getenv("PATH");
+    std::string_view rest = path ? path : "/usr/local/bin:/usr/bin:/bin";
+    while (true) {
+        const auto colon = rest.find(':');
+        std::string candidate(colon == 0 ? std::string_view(".") : rest.substr(0, colon));
+        candidate.append("/").append(name.view());
+        struct stat st {};
+        if (::stat(candidate.c_str(), &st) == 0 && IsExecutableFile(st, candidate.c_str()))
+            return AnsiString(candidate);
+        if (colon == std::string_view::npos) return "";
+        rest.remove_prefix(colon + 1);
+    }
+}
+
+bool OpenWithDesktop(const AnsiString& path) {
+    g_autoptr(GFile) file = g_file_new_for_path(path.c_str());
+    g_autofree char* uri = g_file_get_uri(file);
+    g_autoptr(GError) error = nullptr;
+    return g_app_info_launch_default_for_uri(uri, nullptr, &error);
+}
+
+int StatusToExitCode(int status) {
+    if (WIFEXITED(status)) return WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
+    return -1;
+}
+
+} // namespace
+
+TLinuxShell::~TLinuxShell() {
+    ReapEnded();
+}
+
+TShell::TProcessId TLinuxShell::Open(const AnsiString& file, const std::vector<AnsiString>& args) {
+    ReapEnded();
+    if (file.IsEmpty()) return -1;
+    if (file.Pos("/") == 0) {
+        if (const AnsiString program = FindInPath(file); !program.IsEmpty())
+            return Spawn(program, args);
+    }
+    struct stat st {};
+    if (::stat(file.c_str(), &st) != 0) return -1;
+    if (IsExecutableFile(st, file.c_str())) return Spawn(file, args);
+    return OpenWithDesktop(file) ? 0 : -1;
+}
+
+TShell::TProcessId TLinuxShell::Spawn(const AnsiString& program,
+                                      const std::vector<AnsiString>& args) {
+    std::vector<char*> argv;
+    argv.push_back(const_cast<char*>(program.c_str()));
+    for (const AnsiString& arg : args)
+        argv.push_back(const_cast<char*>(arg.c_str()));
+    argv.push_back(nullptr);
+
+    posix_spawnattr_t attr;
+    posix_spawnattr_init(&attr);
+    sigset_t defaults, empty;
+    sigemptyset(&empty);
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGPIPE);
+    posix_spawnattr_setsigmask(&attr, &empty);
+    posix_spawnattr_setsigdefault(&attr, &defaults);
+    posix_spawnattr_setflags(&attr,
+                             POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
+    pid_t pid = 0;
+    const int failed = posix_spawn(&pid, program.c_str(), nullptr, &attr, argv.data(), environ);
+    posix_spawnattr_destroy(&attr);
+    if (failed != 0) return -1;
+    children[pid] = -1;
+    return pid;
+}
+
+bool TLinuxShell::WaitForExit(TProcessId process, std::uint32_t ms) {
+    const auto it = children.find(static_cast<pid_t>(process));
+    if (it == children.end()) return true;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    for (;;) {
+        int status = 0;
+        const pid_t ended = ::waitpid(it->first, &status, WNOHANG);
+        if (ended == it->first) {
+            it->second = StatusToExitCode(status);
+            return true;
+        }
+        if (ended < 0 && errno != EINTR) return true;
+        if (std::chrono::steady_clock::now() >= deadline) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+}
+
+int TLinuxShell::ExitCode(TProcessId process) {
+    const auto it = children.find(static_cast<pid_t>(process));
+    if (it == children.end()) return -1;
+    if (it->second < 0) WaitForExit(process, 0);
+    return it->second;
+}
+
+void TLinuxShell::ReapEnded() {
+    for (auto& [pid, code] : children) {
+        int status = 0;
+        if (code < 0 && ::waitpid(pid, &status, WNOHANG) == pid) code = StatusToExitCode(status);
+    }
+}

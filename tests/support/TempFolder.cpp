@@ -1,0 +1,49 @@
+#include "support/TempFolder.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace fs = std::filesystem;
+
+TTempFolder::TTempFolder() {
+    std::string pattern = (fs::temp_directory_path() / "vellumdesk-test-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+    path = pattern;
+}
+
+TTempFolder::~TTempFolder() {
+    std::error_code ignored;
+    // Tests may leave read-only folders behind; give them back before removing.
+    for (auto it = fs::recursive_directory_iterator(path, ignored);
+         it != fs::recursive_directory_iterator(); it.increment(ignored))
+        fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+    fs::remove_all(path, ignored);
+}
+
+std::string TTempFolder::Write(std::string_view name, std::string_view bytes) const {
+    const fs::path full = fs::path(path) / name;
+    fs::create_directories(full.parent_path());
+    std::ofstream(full, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
+    return full.string();
+}
+
+std::string TTempFolder::MakeFolder(std::string_view name) const {
+    const fs::path full = fs::path(path) / name;
+    fs::create_directories(full);
+    return full.string();
+}
+
+std::string ReadFileBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream out;
+    out << in.rdbuf();
+    return out.str();
+}
+
+bool PathExists(const std::string& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}

@@ -1,0 +1,28 @@
+#pragma once
+// The process-wide objects a command of vellumdesk-cli runs with: a headless
+// application object, the shell of this desktop and Utils. They live as long
+// as the session object.
+
+#include <memory>
+
+#include "foundation/Utils.h"
+#include "platform/HeadlessApplication.h"
+#include "platform/Shell.h"
+
+class TCliSession {
+public:
+    TCliSession();
+    ~TCliSession();
+    TCliSession(const TCliSession&) = delete;
+    TCliSession& operator=(const TCliSession&) = delete;
+
+    THeadlessApplication& App() { return *app; }
+
+private:
+    std::unique_ptr<THeadlessApplication> app;
+    std::unique_ptr<TShell> shell;
+    std::unique_ptr<TUtils> utils;
+};
+
+// The path of the running program, as argument 0 would give it.
+AnsiString OwnProgramPath();

@@ -1,0 +1,80 @@
+#include "inbox/InboxForm.h"
+
+#include "foundation/Utils.h"
+
+namespace {
+
+struct TButtonSetUp {
+    TPanelButton& button;
+    const char* caption;
+    int helpContext;
+};
+
+} // namespace
+
+TInboxFrm::TInboxFrm() : TForm("InboxFrm") {
+    SetUpControls();
+    SetUpList();
+}
+
+void TInboxFrm::SetUpControls() {
+    for (const TButtonSetUp& b :
+         {TButtonSetUp{LMDpfInbox, " Browse", 93}, TButtonSetUp{LMDpfSubMailboxes, "v", 92},
+          TButtonSetUp{LMDpfRules, "Rules", 45}, TButtonSetUp{LMDpfRunMail, "Run Mail", 95},
+          TButtonSetUp{LMDpfSubEmailers, "v", 94}, TButtonSetUp{LMDpfSend, "Forward", 163},
+          TButtonSetUp{LMDpfDelete, " Delete", 97}, TButtonSetUp{LMDpfSubDelete, "v", 96},
+          TButtonSetUp{LMDpfHelp, "Help", 9}, TButtonSetUp{LMDpfClose, "Close", 100},
+          TButtonSetUp{LMDpfRefresh, "Refresh", 98}, TButtonSetUp{LMDpfSearch, "Search", 98}}) {
+        b.button.SetCaption(b.caption);
+        b.button.SetHelpContext(b.helpContext);
+    }
+    // Design widths the activation's width rule starts from.
+    LMDpfSubEmailers.SetWidth(12);
+    LMDpfSubMailboxes.SetWidth(12);
+    LMDpfSubDelete.SetWidth(12);
+    LMDpfInbox.SetWidth(80);
+    LMDpfRunMail.SetWidth(85);
+
+    LMDpfRefresh.OnClick = [this] { LMDpfRefreshClick(); };
+
+    LMDcbFilterType.Style = TComboStyle::csDropDownList;
+    for (const char* type : {"None", "From", "Subject", "Arival Date"})
+        LMDcbFilterType.AddItem(type);
+    LMDcbFilterType.SetHelpContext(161);
+    LMDcbFilterType.OnChange = [this] { LMDcbFilterTypeChange(); };
+    LMDcbFilterText.SetHelpContext(162);
+    LMDcbFilterText.OnChange = [this] { LMDcbFilterTextChange(); };
+}
+
+void TInboxFrm::SetUpList() {
+    for (const auto& [caption, width] :
+         std::initializer_list<std::pair<const char*, int>>{{"From", 160},
+                                                            {"Subject", 220},
+                                                            {"Arrival Date", 150},
+                                                            {"Size", 70},
+                                                            {"Attachments", 140},
+                                                            {"C", 60},
+                                                            {"File Name", 140}})
+        lvEmailList.Columns.push_back({caption, width});
+    lvEmailList.SetHelpContext(99);
+    lvEmailList.OnColumnClick = [this](int column) { lvEmailListColumnClick(column); };
+    lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {
+        return lvEmailListCompare(a, b);
+    };
+}
+
+// The busy lock of the window: a control with the hourglass refuses its press.
+void TInboxFrm::SetReady(bool ready) {
+    const TCursor cursor = ready ? crHandPoint : crHourGlass;
+    for (TControl* control : std::initializer_list<TControl*>{
+             &lvEmailList, &LMDpfInbox, &LMDpfSubMailboxes, &LMDpfRunMail, &LMDpfSubEmailers,
+             &LMDpfDelete, &LMDpfSubDelete, &LMDpfRefresh, &LMDpfClose})
+        control->SetCursor(cursor);
+}
+
+void TInboxFrm::LMDpfRefreshClick() {
+    SetReady(false);
+    ScanMessages();
+    SetReady(true);
+    Utils->Delay(200);
+}

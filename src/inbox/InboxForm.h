@@ -1,0 +1,84 @@
+#pragma once
+// TInboxFrm: the main window. It lists one mailbox folder in lvEmailList,
+// sorts and filters the rows, and starts every command on them. Everything
+// here runs against control models; the screen binds to them from outside.
+
+#include <memory>
+
+#include "controls/ComboBox.h"
+#include "controls/Form.h"
+#include "controls/ListView.h"
+#include "controls/Panel.h"
+#include "controls/PanelButton.h"
+#include "controls/PopupMenu.h"
+#include "foundation/StringList.h"
+#include "inbox/MessageLines.h"
+
+class TInboxFrm : public TForm {
+public:
+    TInboxFrm();
+
+    // --- Reading a saved message
+    AnsiString FindHeaderValue(const AnsiString& name, int start, const TStringList& lines,
+                               int* lineIndex = nullptr) const;
+    bool WalkMultipart(const TStringList& lines, TStringList& names) const;
+
+    // --- The scan
+    AnsiString LoadStartMailbox();
+    int ScanMessages();
+    void SetReady(bool ready);
+    void LMDpfRefreshClick();
+
+    // --- Sorting and filtering
+    void lvEmailListColumnClick(int column);
+    int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;
+    void LMDcbFilterTypeChange();
+    void LMDcbFilterTextChange() {}
+    void FillFilterTexts();
+
+    // Controls, named as the window names them.
+    TListView lvEmailList{this, "lvEmailList"};
+    TPanelButton LMDpfInbox{this, "LMDpfInbox"};
+    TPanelButton LMDpfSubMailboxes{this, "LMDpfSubMailboxes"};
+    TPanelButton LMDpfRules{this, "LMDpfRules"};
+    TPanelButton LMDpfRunMail{this, "LMDpfRunMail"};
+    TPanelButton LMDpfSubEmailers{this, "LMDpfSubEmailers"};
+    TPanelButton LMDpfSend{this, "LMDpfSend"};
+    TPanelButton LMDpfDelete{this, "LMDpfDelete"};
+    TPanelButton LMDpfSubDelete{this, "LMDpfSubDelete"};
+    TPanelButton LMDpfHelp{this, "LMDpfHelp"};
+    TPanelButton LMDpfClose{this, "LMDpfClose"};
+    TPanelButton LMDpfRefresh{this, "LMDpfRefresh"};
+    TPanelButton LMDpfSearch{this, "LMDpfSearch"};
+    TComboBox LMDcbFilterType{this, "LMDcbFilterType"};
+    TComboBox LMDcbFilterText{this, "LMDcbFilterText"};
+    TPanel LMDpfStatusBar{this, "LMDpfStatusBar"};
+    TPanel LMDpfDate{this, "LMDpfDate"};
+    TPanel LMDpfHtml{this, "LMDpfHtml"};
+    TPopupMenu pmMailBoxes{this, "pmMailBoxes"};
+    TPopupMenu pmRules{this, "pmRules"};
+    TPopupMenu pmEmailers{this, "pmEmailers"};
+    TPopupMenu pmDelete{this, "pmDelete"};
+
+    // Fields
+    AnsiString MailboxFolder;
+    AnsiString MailboxName;
+    AnsiString SenderLine;
+    TStringList MessageFiles;
+    TStringList Mailboxes;
+    TStringList FromFilterTexts;
+    TStringList SubjectFilterTexts;
+    TStringList DateFilterTexts;
+
+private:
+    void SetUpControls();
+    void SetUpList();
+    // Reads one file into a row, or into nothing when it has no lines or
+    // fails the filter.
+    void ScanMessage(const AnsiString& name, int filterType);
+    void CollectFilterTexts(std::string_view from, std::string_view subject,
+                            const AnsiString& date);
+
+    // The lines of the file being scanned; kept between files for its buffer.
+    TMessageLines messageLines;
+};

@@ -1,0 +1,33 @@
+#include "inbox/ProgramEntry.h"
+
+#include "inbox/InboxForm.h"
+#include "platform/Application.h"
+#include "platform/Dialogs.h"
+#include "platform/InstanceLock.h"
+
+namespace {
+
+void ShowUncaught(const char* message) {
+    if (Dialogs) Dialogs->ShowException(message);
+}
+
+} // namespace
+
+int RunProgram(const TProgramParts& parts) {
+    TInstanceLock lock;
+    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) return 0;
+    try {
+        if (parts.initialiseApplication) parts.initialiseApplication();
+        Application->Title = "Vellumdesk";
+        Application->HelpFile = "Help/QUILLPOST.HLP";
+        TInboxFrm inboxFrm;
+        if (parts.run) parts.run(inboxFrm);
+    } catch (const Exception& e) {
+        ShowUncaught(e.what());
+    } catch (...) {
+        // Anything that is not an exception of ours is shown with an empty message.
+        ShowUncaught("");
+    }
+    lock.Release();
+    return 0;
+}

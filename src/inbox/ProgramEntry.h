@@ -1,0 +1,25 @@
+#pragma once
+// The entry sequence of the program: one instance at a time, the application
+// object, the windows in their order, the message loop, and the exception box
+// for what no handler caught. The desktop program and a scripted session
+// differ only in the parts given here.
+
+#include <functional>
+
+class TInboxFrm;
+
+struct TProgramParts {
+    // Take the single-instance lock (the desktop program does; a script does not).
+    bool singleInstance = true;
+    // Creates the application object and the platform services. Runs only
+    // once the lock is held, so a second start never builds a screen.
+    std::function<void()> initialiseApplication;
+    // Runs the message loop until the main window closes.
+    std::function<void(TInboxFrm& mainWindow)> run;
+};
+
+// The name of the single-instance lock.
+inline constexpr const char* instanceLockName = "VellumdeskMgr";
+
+// Returns 0 in every case, a second start included.
+int RunProgram(const TProgramParts& parts);

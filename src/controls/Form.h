@@ -2,6 +2,7 @@
 // A window model: its caption and visibility, and its controls by name, as a
 // form finds its components.
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -19,6 +20,14 @@ public:
 
     void RegisterComponent(TControl& control) { components[control.Name()] = &control; }
     void UnregisterComponent(TControl& control) { components.erase(control.Name()); }
+
+    // Hides the window and tells whoever runs it (the main window's close ends
+    // the message loop; a modal window's ends its modal loop).
+    void Close() {
+        SetVisible(false);
+        if (OnClose) OnClose();
+    }
+    std::function<void()> OnClose;
 
 private:
     std::map<std::string, TControl*> components;

@@ -1,6 +1,8 @@
 #include "inbox/InboxForm.h"
 
 #include "foundation/Utils.h"
+#include "settings/Globals.h"
+#include "settings/PanelButtons.h"
 
 namespace {
 
@@ -15,6 +17,12 @@ struct TButtonSetUp {
 TInboxFrm::TInboxFrm() : TForm("InboxFrm") {
     SetUpControls();
     SetUpList();
+    SetUpMenus();
+    FormCreate();
+}
+
+TInboxFrm::~TInboxFrm() {
+    FormDestroy();
 }
 
 void TInboxFrm::SetUpControls() {
@@ -36,6 +44,16 @@ void TInboxFrm::SetUpControls() {
     LMDpfRunMail.SetWidth(85);
 
     LMDpfRefresh.OnClick = [this] { LMDpfRefreshClick(); };
+    LMDpfClose.OnClick = [this] { LMDpfCloseClick(); };
+    LMDpfInbox.OnClick = [this] { LMDpfInboxClick(); };
+    LMDpfSubMailboxes.OnClick = [this] { LMDpfSubMailboxesClick(); };
+    LMDpfDelete.OnClick = [this] { LMDpfDeleteClick(); };
+    LMDpfSubDelete.OnClick = [this] { LMDpfSubDeleteClick(); };
+    LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
+    LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
+    // The small menu buttons rest with a lowered outer bevel.
+    for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
+        menuButton->SetBevels(bvRaised, bvLowered);
 
     LMDcbFilterType.Style = TComboStyle::csDropDownList;
     for (const char* type : {"None", "From", "Subject", "Arival Date"})
@@ -57,10 +75,24 @@ void TInboxFrm::SetUpList() {
                                                             {"File Name", 140}})
         lvEmailList.Columns.push_back({caption, width});
     lvEmailList.SetHelpContext(99);
+    lvEmailList.OnDblClick = [this] { lvEmailListDblClick(); };
     lvEmailList.OnColumnClick = [this](int column) { lvEmailListColumnClick(column); };
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {
         return lvEmailListCompare(a, b);
     };
+}
+
+void TInboxFrm::SetUpMenus() {
+    auto entry = [](const char* caption, std::function<void()> click) {
+        auto item = std::make_unique<TMenuItem>(caption);
+        item->OnClick = [click = std::move(click)](TMenuItem&) { click(); };
+        return item;
+    };
+    pmsRejected = &pmMailBoxes.Items.Add(entry("Rejected", [this] { pmsRejectedClick(); }));
+    pmMailBoxes.OnPopup = [this] { pmMailBoxesPopup(); };
+    pmsDeleteAllBut = &pmDelete.Items.Add(entry("All", [this] { pmsDeleteAllButClick(); }));
+    pmsDeleteSelBut = &pmDelete.Items.Add(entry("Selected", [this] { pmsDeleteSelButClick(); }));
+    pmEmailers.OnPopup = [this] { pmEmailersPopup(); };
 }
 
 // The busy lock of the window: a control with the hourglass refuses its press.
@@ -70,11 +102,4 @@ void TInboxFrm::SetReady(bool ready) {
              &lvEmailList, &LMDpfInbox, &LMDpfSubMailboxes, &LMDpfRunMail, &LMDpfSubEmailers,
              &LMDpfDelete, &LMDpfSubDelete, &LMDpfRefresh, &LMDpfClose})
         control->SetCursor(cursor);
-}
-
-void TInboxFrm::LMDpfRefreshClick() {
-    SetReady(false);
-    ScanMessages();
-    SetReady(true);
-    Utils->Delay(200);
 }

@@ -14,9 +14,19 @@
 #include "foundation/StringList.h"
 #include "inbox/MessageLines.h"
 
+class TGlobals;
+class TPButtons;
+class TUtils;
+
 class TInboxFrm : public TForm {
 public:
     TInboxFrm();
+    ~TInboxFrm() override;
+
+    // --- The window's life
+    void FormCreate();
+    void FormActivate();
+    void FormDestroy();
 
     // --- Reading a saved message
     AnsiString FindHeaderValue(const AnsiString& name, int start, const TStringList& lines,
@@ -28,6 +38,27 @@ public:
     int ScanMessages();
     void SetReady(bool ready);
     void LMDpfRefreshClick();
+    void LMDpfCloseClick();
+    void LMDpfInboxClick();
+
+    // --- Mailboxes and deletion
+    void LMDpfSubMailboxesClick();
+    void pmMailBoxesPopup();
+    void MailboxMenuClick(TMenuItem& sender);
+    void pmsRejectedClick();
+    void LMDpfDeleteClick();
+    void LMDpfSubDeleteClick();
+    void pmsDeleteAllButClick();
+    void pmsDeleteSelButClick();
+    void DeleteMessages(bool all);
+
+    // --- Opening the selected message
+    void RunMail(const AnsiString& client);
+    void LMDpfRunMailClick();
+    void lvEmailListDblClick() { LMDpfRunMailClick(); }
+    void LMDpfSubEmailersClick();
+    void pmEmailersPopup();
+    void EmailerMenuClick(TMenuItem& sender);
 
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
@@ -70,14 +101,27 @@ public:
     TStringList SubjectFilterTexts;
     TStringList DateFilterTexts;
 
+    TMenuItem* pmsRejected = nullptr;
+    TMenuItem* pmsDeleteAllBut = nullptr;
+    TMenuItem* pmsDeleteSelBut = nullptr;
+
 private:
     void SetUpControls();
     void SetUpList();
+    void SetUpMenus();
+    void ScanAndSortByArrival();
+    void SetRunMailWidths();
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
     void ScanMessage(const AnsiString& name, int filterType);
     void CollectFilterTexts(std::string_view from, std::string_view subject,
                             const AnsiString& date);
+
+    // The objects the window owns, reached by the rest of the program
+    // through their global pointers.
+    std::unique_ptr<TGlobals> ownedGlobals;
+    std::unique_ptr<TUtils> ownedUtils;
+    std::unique_ptr<TPButtons> ownedPButtons;
 
     // The lines of the file being scanned; kept between files for its buffer.
     TMessageLines messageLines;

@@ -22,6 +22,36 @@ public:
     virtual std::uint32_t GetTickCount() const = 0;
     // Queues work to run at the next ProcessMessages (a click, a timer).
     virtual void Post(std::function<void()> event) = 0;
+    // Where the mouse is, in screen coordinates.
+    virtual TPoint CursorPos() const { return {}; }
+
+    // A message of the window system that the program may look at first:
+    // the title bar's help button arrives as a non-client press (161) with
+    // hit code 21.
+    struct TMessage {
+        int Message = 0;
+        int HitTest = 0;
+    };
+    static constexpr int wmNcLButtonDown = 161;
+    static constexpr int htHelp = 21;
+    static constexpr int helpContextPopup = 8;
+    static constexpr int helpKey = 257;
+
+    std::function<void(const TMessage& message, bool& handled)> OnMessage;
+    // The help hook: command and data of a help request. Clearing callHelp
+    // keeps the application from its own help handling.
+    std::function<bool(int command, long data, bool& callHelp)> OnHelp;
+
+    void DispatchMessage(const TMessage& message) {
+        bool handled = false;
+        if (OnMessage) OnMessage(message, handled);
+    }
+    // A help request on a keyword. The help file has no keyword index, so the
+    // request reaches the hook with the text's address as data, as it always did.
+    bool HelpKeyword(const AnsiString& keyword) {
+        bool callHelp = true;
+        return OnHelp && OnHelp(helpKey, reinterpret_cast<long>(keyword.c_str()), callHelp);
+    }
 
     AnsiString ExeName;  // the program's own full path, argument 0
     AnsiString Title;    // "Vellumdesk"

@@ -19,7 +19,10 @@ pid_t StartFirstInstance(const int (&readyPipe)[2], const int (&releasePipe)[2])
     close(releasePipe[1]);
     const int ready = readyPipe[1], release = releasePipe[0];
     TProgramParts parts;
-    parts.initialiseApplication = [] { Application = new THeadlessApplication(); };
+    parts.initialiseApplication = [] {
+        static THeadlessApplication application;
+        Application = &application;
+    };
     parts.run = [&](TInboxFrm&) {
         const char go = 1;
         if (write(ready, &go, 1) != 1) _exit(3);

@@ -30,6 +30,10 @@ std::string TTempFolder::Write(std::string_view name, std::string_view bytes) co
     return full.string();
 }
 
+void TTempFolder::WriteTo(const std::string& fullPath, std::string_view bytes) {
+    std::ofstream(fullPath, std::ios::binary).write(bytes.data(), std::streamsize(bytes.size()));
+}
+
 std::string TTempFolder::MakeFolder(std::string_view name) const {
     const fs::path full = fs::path(path) / name;
     fs::create_directories(full);

@@ -17,6 +17,8 @@ public:
     std::string Write(std::string_view name, std::string_view bytes) const;
     std::string MakeFolder(std::string_view name) const;
     std::string operator/(std::string_view name) const { return path + "/" + std::string(name); }
+    // Writes bytes to a full path whose folder exists.
+    static void WriteTo(const std::string& fullPath, std::string_view bytes);
 
 private:
     std::string path;

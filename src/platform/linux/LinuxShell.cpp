@@ -9,6 +9,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
 extern char** environ;
@@ -42,6 +43,24 @@ bool OpenWithDesktop(const AnsiString& path) {
     return g_app_info_launch_default_for_uri(uri, nullptr, &error);
 }
 
+bool IsDesktopEntry(const AnsiString& path) {
+    constexpr std::string_view suffix = ".desktop";
+    return path.view().ends_with(suffix);
+}
+
+// A desktop entry starts its application with the arguments as files.
+bool LaunchDesktopEntry(const AnsiString& path, const std::vector<AnsiString>& args) {
+    g_autoptr(GDesktopAppInfo) app = g_desktop_app_info_new_from_filename(path.c_str());
+    if (!app) return false;
+    GList* files = nullptr;
+    for (const AnsiString& arg : args)
+        files = g_list_append(files, g_file_new_for_path(arg.c_str()));
+    g_autoptr(GError) error = nullptr;
+    const bool started = g_app_info_launch(G_APP_INFO(app), files, nullptr, &error);
+    g_list_free_full(files, g_object_unref);
+    return started;
+}
+
 int StatusToExitCode(int status) {
     if (WIFEXITED(status)) return WEXITSTATUS(status);
     if (WIFSIGNALED(status)) return 128 + WTERMSIG(status);
@@ -64,6 +83,7 @@ TShell::TProcessId TLinuxShell::Open(const AnsiString& file, const std::vector<A
     struct stat st {};
     if (::stat(file.c_str(), &st) != 0) return -1;
     if (IsExecutableFile(st, file.c_str())) return Spawn(file, args);
+    if (S_ISREG(st.st_mode) && IsDesktopEntry(file)) return LaunchDesktopEntry(file, args) ? 0 : -1;
     return OpenWithDesktop(file) ? 0 : -1;
 }
 

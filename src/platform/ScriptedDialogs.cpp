@@ -1,0 +1,88 @@
+#include "platform/ScriptedDialogs.h"
+
+#include "controls/PopupMenu.h"
+
+namespace {
+
+int AnswerFor(const AnsiString& answer, int style) {
+    const AnsiString upper = answer.UpperCase();
+    if (upper == "OK") return idOK;
+    if (upper == "YES") return idYes;
+    if (upper == "NO") return idNo;
+    if (upper == "CANCEL") return idCancel;
+    // No usable answer: the box is closed the way its Escape key closes it.
+    return style == mbOK ? idOK : style == mbYesNo ? idNo : idCancel;
+}
+
+const char* AnswerName(int answer) {
+    switch (answer) {
+    case idOK:
+        return "OK";
+    case idYes:
+        return "Yes";
+    case idNo:
+        return "No";
+    default:
+        return "Cancel";
+    }
+}
+
+} // namespace
+
+AnsiString TScriptedDialogs::NextAnswer() {
+    if (answers.empty()) return "";
+    AnsiString answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+void TScriptedDialogs::Report(const AnsiString& line) {
+    transcript.push_back(line);
+    if (OnReport) OnReport(line);
+}
+
+int TScriptedDialogs::MessageBox(const AnsiString& text, const AnsiString& caption, int style) {
+    const int answer = AnswerFor(NextAnswer(), style);
+    Report("message box \"" + caption + "\": " + text + " -> " + AnswerName(answer));
+    return answer;
+}
+
+void TScriptedDialogs::ShowMessage(const AnsiString& text) {
+    NextAnswer();
+    Report("message: " + text);
+}
+
+TMenuItem* TScriptedDialogs::PopupMenu(TPopupMenu& menu, TPoint) {
+    const AnsiString answer = NextAnswer();
+    TMenuItem* chosen =
+        answer.IsEmpty() || answer.LowerCase() == "none" ? nullptr : menu.Items.Find(answer);
+    AnsiString entries;
+    for (int i = 0; i < menu.Items.GetCount(); ++i)
+        entries += (i ? ", " : "") + menu.Items.Items(i).Caption;
+    Report("menu " + AnsiString(menu.Name()) + " [" + entries + "] -> " +
+           (chosen ? chosen->Caption : AnsiString("none")));
+    return chosen;
+}
+
+void TScriptedDialogs::ShowHelpPopup(const AnsiString& text, TPoint) {
+    Report("help: " + text);
+}
+
+AnsiString TScriptedDialogs::BrowseForFolder(const AnsiString& title, const AnsiString&) {
+    AnsiString answer = NextAnswer();
+    if (answer.LowerCase() == "cancel") answer = "";
+    Report("folder choice \"" + title + "\" -> " + (answer.IsEmpty() ? "cancel" : answer));
+    return answer;
+}
+
+AnsiString TScriptedDialogs::OpenFile(const AnsiString& title, const AnsiString&,
+                                      const AnsiString&) {
+    AnsiString answer = NextAnswer();
+    if (answer.LowerCase() == "cancel") answer = "";
+    Report("file choice \"" + title + "\" -> " + (answer.IsEmpty() ? "cancel" : answer));
+    return answer;
+}
+
+void TScriptedDialogs::ShowException(const AnsiString& message) {
+    Report("exception: " + message);
+}

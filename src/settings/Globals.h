@@ -1,0 +1,50 @@
+#pragma once
+// TGlobals: what the whole program shares: the data folder, the mail clients,
+// the settings record of Config.cfg, the menu and client helpers, and the
+// application's help hooks. One global object, Globals, owned by the main
+// window from its creation to its destruction.
+
+#include <functional>
+#include <memory>
+
+#include "foundation/StringList.h"
+#include "platform/Application.h"
+#include "settings/ConfigRecord.h"
+#include "settings/EMailReg.h"
+
+class TMenuItem;
+
+class TGlobals {
+public:
+    TGlobals();
+    ~TGlobals();
+    TGlobals(const TGlobals&) = delete;
+    TGlobals& operator=(const TGlobals&) = delete;
+
+    void InitFolders();
+    bool LoadConfig();
+
+    // Menu and mail-client helpers.
+    int FillMenu(TMenuItem& item, const TStringList& list);
+    void OpenInMailClient(const AnsiString& client, const AnsiString& file);
+    AnsiString FindLineValue(const AnsiString& key, const TStringList& lines);
+
+    // The application's hooks of the help path.
+    void AppMessage(const TApplication::TMessage& message, bool& handled);
+    bool AppHelp(int command, long data, bool& callHelp);
+    void ShowContextHelp(int id);
+
+    AnsiString DataFolder;
+    AnsiString RejectedFolder;
+    TStringList ExtensionIds;
+    TStringList PlugInIds;
+    TStringList MailClients;
+    ConfigRecord Config;
+    std::function<void(TMenuItem& sender)> MenuClick;
+    std::unique_ptr<TEMailReg> EMailReg;
+
+private:
+    void FillMailClients();
+};
+
+extern TGlobals* Globals;

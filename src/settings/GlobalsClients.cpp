@@ -1,0 +1,89 @@
+// TGlobals: menus from lists, opening a message in a mail client, and the
+// value behind a header name.
+
+#include "controls/PopupMenu.h"
+#include "foundation/Utils.h"
+#include "platform/Dialogs.h"
+#include "settings/Globals.h"
+
+namespace {
+
+AnsiString WithoutFirstAmpersand(AnsiString text) {
+    if (const int at = text.Pos("&"); at > 0) text.Delete(at, 1);
+    return text;
+}
+
+} // namespace
+
+int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
+    for (int i = 0; i < list.Count(); ++i) {
+        if (list[i].IsEmpty()) continue;
+        AnsiString caption = list.GetName(i);
+        if (caption.IsEmpty()) caption = list[i];
+        if (item.Find(caption)) continue;
+        auto entry = std::make_unique<TMenuItem>(caption);
+        entry->OnClick = MenuClick;
+        item.Add(std::move(entry));
+    }
+    return item.GetCount();
+}
+
+// A client's command is the desktop entry that registers it, so starting that
+// entry with the message's path runs the program the way the desktop would.
+// The path is passed whole, as one argument.
+void TGlobals::OpenInMailClient(const AnsiString& client, const AnsiString& file) {
+    const AnsiString name = WithoutFirstAmpersand(client);
+    const int line = MailClients.IndexOfName(name);
+    if (line < 0) return;
+    AnsiString cmd = Utils->StripQuotes(EMailReg->GetClientCommand(MailClients.GetValue(name)));
+    AnsiString args;
+    if (const int p = cmd.LowerCase().Pos(".exe"); p > 1) {
+        const int q = p + 4;
+        if (q < cmd.Length()) {
+            args = cmd.SubString(q, 512).Trim();
+            cmd.Delete(q, 512);
+        }
+    }
+    cmd = Utils->ExpandProgramFiles(cmd);
+    try {
+        if (!file.IsEmpty()) {
+            // The old short-path buffer held 255 bytes; a longer path did not fit.
+            AnsiString path = Utils->ShortPath(file);
+            if (path.Length() > 255) path = "";
+            if (path.IsEmpty()) {
+                Utils->ExecuteFile(file, args, false);
+                return;
+            }
+            if (cmd.LowerCase().Pos("msimn.exe") > 0) path = "/eml:" + path;
+            Utils->ExecuteFile(cmd, std::vector<AnsiString>{path}, false);
+            return;
+        }
+        Utils->ExecuteFile(cmd, args, false);
+    } catch (const Exception&) {
+    }
+}
+
+AnsiString TGlobals::FindLineValue(const AnsiString& key, const TStringList& lines) {
+    const AnsiString lowerKey = key.LowerCase();
+    for (int i = 0; i < lines.Count(); ++i) {
+        if (Application) Application->ProcessMessages();
+        if (Application && Application->Terminated()) break;
+        const AnsiString& line = lines[i];
+        if (line.LowerCase().Pos(lowerKey) > 0)
+            return line.SubString(line.Pos(":") + 1, 512).Trim();
+    }
+    return " ";
+}
+
+// The help file is a text of "context=text" lines beside the program.
+void TGlobals::ShowContextHelp(int id) {
+    if (!Application || !Dialogs) return;
+    TStringList help;
+    try {
+        help.LoadFromFile(Application->HelpFile);
+    } catch (const Exception&) {
+        return;
+    }
+    const AnsiString text = help.GetValue(AnsiString(static_cast<unsigned long>(id)));
+    if (!text.IsEmpty()) Dialogs->ShowHelpPopup(text, Application->CursorPos());
+}

@@ -1,8 +1,6 @@
 #include "cli/CliSession.h"
 
-#include <climits>
-#include <unistd.h>
-
+#include "platform/ProgramPath.h"
 #include "platform/linux/LinuxShell.h"
 
 TCliSession::TCliSession()
@@ -19,10 +17,4 @@ TCliSession::~TCliSession() {
     Utils = nullptr;
     Shell = nullptr;
     Application = nullptr;
-}
-
-AnsiString OwnProgramPath() {
-    char path[PATH_MAX];
-    const ssize_t length = ::readlink("/proc/self/exe", path, sizeof path - 1);
-    return length > 0 ? AnsiString(path, static_cast<std::size_t>(length)) : AnsiString();
 }

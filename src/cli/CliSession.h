@@ -23,6 +23,3 @@ private:
     std::unique_ptr<TShell> shell;
     std::unique_ptr<TUtils> utils;
 };
-
-// The path of the running program, as argument 0 would give it.
-AnsiString OwnProgramPath();

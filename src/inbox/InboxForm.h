@@ -12,7 +12,7 @@
 #include "controls/PanelButton.h"
 #include "controls/PopupMenu.h"
 #include "foundation/StringList.h"
-#include "inbox/MessageLines.h"
+#include "inbox/MessageText.h"
 
 class TGlobals;
 class TPButtons;
@@ -123,6 +123,6 @@ private:
     std::unique_ptr<TUtils> ownedUtils;
     std::unique_ptr<TPButtons> ownedPButtons;
 
-    // The lines of the file being scanned; kept between files for its buffer.
-    TMessageLines messageLines;
+    // The file being scanned; kept between files for its buffer.
+    TMessageText message;
 };

@@ -3,6 +3,7 @@
 #include "foundation/Utils.h"
 #include "inbox/HeaderReader.h"
 #include "inbox/InboxForm.h"
+#include "inbox/MessageText.h"
 #include "platform/Application.h"
 
 namespace {
@@ -74,13 +75,10 @@ int TInboxFrm::ScanMessages() {
 
 void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
     const AnsiString path = Utils->AddBackslash(MailboxFolder) + name;
-    if (!messageLines.Load(path.c_str()) || messageLines.Count() == 0) return;
-    const TMessageLines& lines = messageLines;
-    const int count = lines.Count();
-    const std::string_view from = header::Find("From:", 0, lines, count);
-    const std::string_view subject = header::Find("Subject:", 0, lines, count);
-    const AnsiString date =
-        TUtils::NormaliseDate(AnsiString(header::Find("Date:", 0, lines, count)));
+    if (!message.Load(path.c_str()) || !message.HasLines()) return;
+    const std::string_view from = FindHeader(message, "From:");
+    const std::string_view subject = FindHeader(message, "Subject:");
+    const AnsiString date = TUtils::NormaliseDate(AnsiString(FindHeader(message, "Date:")));
 
     if (filterType >= 1 && filterType <= 3) {
         const std::string_view tested = filterType == 1   ? from
@@ -92,12 +90,12 @@ void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
     }
 
     const AnsiString size(static_cast<unsigned long>(Utils->GetFileSize(path)));
-    const std::string_view contentType = header::Find("Content-Type:", 0, lines, count);
+    const std::string_view contentType = FindHeader(message, "Content-Type:");
     // The walk yields to the message loop, where a column click may sort the
     // rows; the names are therefore gathered before the row joins the list.
     AnsiString attachments;
-    header::WalkMultipart(
-        lines, count,
+    ::WalkMultipart(
+        message,
         [&](const AnsiString& file) {
             if (!attachments.IsEmpty()) attachments += ", ";
             attachments += file;

@@ -1,5 +1,7 @@
 // TInboxFrm: the order of the rows and the filter controls.
 
+#include <algorithm>
+
 #include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
 
@@ -11,6 +13,29 @@ const AnsiString& TextOfColumn(const TListItem& row, int column) {
 
 int Ordered(const auto& a, const auto& b) {
     return a < b ? 1 : a > b ? -1 : 0;
+}
+
+bool IsAscii(std::string_view s) {
+    return std::all_of(s.begin(), s.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+unsigned char AsciiUpper(char c) {
+    const auto b = static_cast<unsigned char>(c);
+    return b >= 'a' && b <= 'z' ? static_cast<unsigned char>(b - 32) : b;
+}
+
+// The order of the upper-cased texts. Plain ASCII texts are compared byte by
+// byte without making upper-case copies; anything else folds whole.
+int OrderedUpper(const AnsiString& a, const AnsiString& b) {
+    if (!IsAscii(a.view()) || !IsAscii(b.view())) return Ordered(a.UpperCase(), b.UpperCase());
+    const std::string_view x = a.view(), y = b.view();
+    const std::size_t common = std::min(x.size(), y.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        const unsigned char p = AsciiUpper(x[i]), q = AsciiUpper(y[i]);
+        if (p != q) return p < q ? 1 : -1;
+    }
+    return Ordered(x.size(), y.size());
 }
 
 } // namespace
@@ -27,8 +52,7 @@ int TInboxFrm::lvEmailListCompare(const TListItem& item1, const TListItem& item2
     if (column == 3)
         r = Ordered(TextOfColumn(item1, 3).ToIntDef(0), TextOfColumn(item2, 3).ToIntDef(0));
     else
-        r = Ordered(TextOfColumn(item1, column).UpperCase(),
-                    TextOfColumn(item2, column).UpperCase());
+        r = OrderedUpper(TextOfColumn(item1, column), TextOfColumn(item2, column));
     if (column == 2) r = -r;
     if (!Utils->SortFlag) r = -r;
     return r;

@@ -1,0 +1,78 @@
+// vellumdesk: the desktop program. One instance at a time; the lock is taken
+// before Qt exists, so a second start builds no screen at all.
+//
+// With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
+// window once the first scan is on the screen, and ends: that is how the demo
+// shows itself on a machine without a display.
+
+#include <QApplication>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "gui/InboxWindow.h"
+#include "gui/QtApplication.h"
+#include "gui/QtDialogs.h"
+#include "inbox/InboxForm.h"
+#include "inbox/ProgramEntry.h"
+#include "platform/Dialogs.h"
+#include "platform/ProgramPath.h"
+#include "platform/Shell.h"
+#include "platform/linux/DesktopMailClients.h"
+#include "platform/linux/LinuxShell.h"
+
+namespace {
+
+struct TDesktop {
+    std::unique_ptr<QApplication> qt;
+    std::unique_ptr<TQtApplication> application;
+    std::unique_ptr<TQtDialogs> dialogs;
+    std::unique_ptr<TLinuxShell> shell;
+};
+
+void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
+    QTimer::singleShot(300, &window, [&window, path] {
+        const bool saved = window.grab().save(QString::fromLocal8Bit(path), "PNG");
+        std::fprintf(stderr,
+                     saved ? "vellumdesk: saved a picture of the window to %s\n"
+                           : "vellumdesk: could not save %s\n",
+                     path);
+        Application->Terminate();
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    TDesktop desktop;
+    TProgramParts parts;
+    parts.initialiseApplication = [&] {
+        desktop.qt = std::make_unique<QApplication>(argc, argv);
+        QApplication::setApplicationName("Vellumdesk");
+        desktop.application = std::make_unique<TQtApplication>();
+        desktop.application->ExeName = OwnProgramPath(argv[0]);
+        Application = desktop.application.get();
+        desktop.dialogs = std::make_unique<TQtDialogs>();
+        Dialogs = desktop.dialogs.get();
+        desktop.shell = std::make_unique<TLinuxShell>();
+        Shell = desktop.shell.get();
+        CreateRegistry = CreateDesktopRegistry;
+    };
+    parts.run = [&](TInboxFrm& inbox) {
+        TInboxWindow window(inbox);
+        desktop.dialogs->Parent = &window;
+        inbox.OnClose = [] { Application->Terminate(); };
+        if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))
+            QObject::connect(&window, &TInboxWindow::activated, &window,
+                             [&window, screenshot] { SaveScreenshotAndQuit(window, screenshot); });
+        window.show();
+        QApplication::exec();
+        desktop.dialogs->Parent = nullptr;
+    };
+    const int code = RunProgram(parts);
+    Dialogs = nullptr;
+    Shell = nullptr;
+    Application = nullptr;
+    return code;
+}

@@ -1,0 +1,45 @@
+#include "gui/ListViewModel.h"
+
+#include "gui/QtText.h"
+
+TListViewModel::TListViewModel(TListView& list, QObject* parent)
+    : QAbstractTableModel(parent), list(list) {
+    subscription = list.Subscribe([this](TControl&, TChange change) {
+        if (change == TChange::Rows) {
+            beginResetModel();
+            endResetModel();
+            emit selectionChangedInModel();
+        } else if (change == TChange::Selection) {
+            emit selectionChangedInModel();
+        }
+    });
+}
+
+TListViewModel::~TListViewModel() {
+    list.Unsubscribe(subscription);
+}
+
+int TListViewModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : list.Count();
+}
+
+int TListViewModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(list.Columns.size());
+}
+
+QVariant TListViewModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= list.Count() || role != Qt::DisplayRole) return {};
+    const TListItem& row = list.Item(index.row());
+    if (index.column() == 0) return ToQString(row.Caption);
+    const auto sub = static_cast<std::size_t>(index.column() - 1);
+    return sub < row.SubItems.size() ? ToQString(row.SubItems[sub]) : QString();
+}
+
+QVariant TListViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 ||
+        section >= static_cast<int>(list.Columns.size()))
+        return {};
+    if (role == Qt::DisplayRole)
+        return ToQString(list.Columns[static_cast<std::size_t>(section)].Caption);
+    return {};
+}

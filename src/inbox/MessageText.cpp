@@ -1,0 +1,102 @@
+#include "inbox/MessageText.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "foundation/AnsiString.h"
+#include "foundation/FileDescriptor.h"
+#include "inbox/ByteSearch.h"
+#include "inbox/HeaderReader.h"
+
+namespace {
+
+constexpr std::size_t initialCapacity = 256 * 1024;
+// A name matches when it begins at most this many bytes behind its line's start.
+constexpr std::size_t lastColumn = 18;
+
+bool IsBreak(char c) {
+    return c == '\r' || c == '\n';
+}
+
+} // namespace
+
+void TMessageText::Reserve(std::size_t size) {
+    if (capacity >= size) return;
+    auto grown = std::make_unique_for_overwrite<char[]>(size);
+    if (length > 0) std::memcpy(grown.get(), buffer.get(), length);
+    buffer = std::move(grown);
+    capacity = size;
+}
+
+// Reads until the end of the file without asking its size first: the buffer
+// soon has room for any file of the mailbox, and a read that fills it only
+// makes it larger.
+bool TMessageText::Load(const char* path) {
+    length = 0;
+    TFileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
+    if (!file.IsOpen()) return false;
+    Reserve(initialCapacity);
+    std::size_t read = 0;
+    for (;;) {
+        if (read == capacity) {
+            length = read;
+            Reserve(capacity * 2);
+        }
+        const ssize_t got = ::read(file.Get(), buffer.get() + read, capacity - read);
+        if (got < 0) {
+            if (errno == EINTR) continue;
+            length = 0;
+            return false;
+        }
+        if (got == 0) break;
+        read += static_cast<std::size_t>(got);
+    }
+    CutAtNul(read);
+    return true;
+}
+
+void TMessageText::SetText(std::string_view text) {
+    length = 0;
+    Reserve(std::max(text.size(), initialCapacity));
+    std::memcpy(buffer.get(), text.data(), text.size());
+    CutAtNul(text.size());
+}
+
+void TMessageText::CutAtNul(std::size_t read) {
+    const void* nul = std::memchr(buffer.get(), '\0', read);
+    length = nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - buffer.get()) : read;
+}
+
+std::size_t TMessageText::NextLine(std::size_t lineStart) const {
+    const std::string_view text = Text();
+    std::size_t at = lineStart;
+    while (at < text.size() && !IsBreak(text[at]))
+        ++at;
+    if (at < text.size() && text[at] == '\r') ++at;
+    if (at < text.size() && text[at] == '\n') ++at;
+    return at;
+}
+
+std::optional<TMessageText::TMatch> TMessageText::Find(std::string_view name,
+                                                       std::size_t from) const {
+    const std::string_view text = Text();
+    for (std::size_t at = from;; ++at) {
+        at = FindBytes(text, name, at);
+        if (at == std::string_view::npos) return std::nullopt;
+        // Look back for the line's start no further than one byte past the
+        // last column, and never before from, which is a line start itself.
+        const std::size_t lowest = at - from > lastColumn + 1 ? at - lastColumn - 1 : from;
+        std::size_t lineStart = at;
+        while (lineStart > lowest && !IsBreak(text[lineStart - 1]))
+            --lineStart;
+        if (at - lineStart > lastColumn) continue;
+        std::size_t lineEnd = at + name.size();
+        while (lineEnd < text.size() && !IsBreak(text[lineEnd]))
+            ++lineEnd;
+        const std::string_view line = text.substr(lineStart, lineEnd - lineStart);
+        return TMatch{header::ValueOf(line, name), NextLine(lineStart)};
+    }
+}

@@ -29,6 +29,7 @@ TPanelButtonWidget::TPanelButtonWidget(TPanelButton& button, QWidget* parent)
     : QFrame(parent), button(button) {
     setObjectName(QString::fromStdString(button.Name()));
     setMinimumHeight(26);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     subscription = button.Subscribe([this](TControl&, TChange) { update(); });
     BindCommonProperties(button, *this, true);
 }

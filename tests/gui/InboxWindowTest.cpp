@@ -1,0 +1,191 @@
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTest>
+#include <QTreeView>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "gui/InboxWindow.h"
+#include "gui/ListViewModel.h"
+#include "gui/PanelButtonWidget.h"
+#include "gui/QtApplication.h"
+#include "gui/QtText.h"
+#include "inbox/InboxForm.h"
+#include "platform/MemoryRegistry.h"
+#include "platform/ScriptedDialogs.h"
+#include "platform/linux/LinuxShell.h"
+#include "settings/Globals.h"
+#include "support/EnvOverride.h"
+#include "support/GlobalScope.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+std::unique_ptr<TMemoryRegistry> nextRegistry;
+std::unique_ptr<TRegistry> HandOver() {
+    return std::move(nextRegistry);
+}
+
+QApplication& Qt() {
+    static int argc = 1;
+    static char name[] = "gui_tests";
+    static char* argv[] = {name, nullptr};
+    static QApplication app(argc, argv);
+    return app;
+}
+
+// The real window on Qt's offscreen platform, over a mailbox on disk and a
+// recording mail client; dialogs are answered by the test.
+class GuiWindow : public ::testing::Test {
+protected:
+    TTempFolder folder;
+    TEnvOverride env;
+    TQtApplication application;
+    TScriptedDialogs dialogs;
+    TLinuxShell shell;
+    std::unique_ptr<TInboxFrm> form;
+    std::unique_ptr<TInboxWindow> window;
+    std::string record = folder / "argv.txt";
+
+    void SetUp() override {
+        Qt();
+        env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+        env.Set("ARGV_RECORD_FILE", record.c_str());
+        application.ExeName = AnsiString(folder / "bin/vellumdesk");
+        application.HelpFile = "Help/QUILLPOST.HLP";
+        Application = &application;
+        Dialogs = &dialogs;
+        Shell = &shell;
+        folder.Write("bin/vellumdesk.ini", folder / "box" + "\r\nSam\r\n");
+        folder.Write(
+            "box/a.eml",
+            "From: carol\r\nSubject: c\r\nDate: Mon, 5 Jan 2003 10:00:00 +0000\r\n\r\nx\r\n");
+        folder.Write(
+            "box/b.eml",
+            "From: alice\r\nSubject: a\r\nDate: Tue, 4 Feb 2003 10:00:00 +0000\r\n\r\nxx\r\n");
+        folder.Write(
+            "box/c.eml",
+            "From: bob\r\nSubject: b\r\nDate: Tue, 4 Mar 2003 10:00:00 +0000\r\n\r\nxxx\r\n");
+        std::string config(1024, '\0');
+        config.replace(395, 8, "Recorder");
+        folder.Write("data/Quillpost Users/Config.cfg", config);
+        nextRegistry = std::make_unique<TMemoryRegistry>();
+        const AnsiString base = "Software\\Clients\\Mail";
+        nextRegistry->SetString(base, "", "rec");
+        nextRegistry->SetString(base + "\\rec", "", "Recorder");
+        nextRegistry->SetString(base + "\\rec\\shell\\open\\command", "",
+                                "\"" + HelperProgram("argv_recorder") + "\"");
+        CreateRegistry = HandOver;
+        form = std::make_unique<TInboxFrm>();
+        window = std::make_unique<TInboxWindow>(*form);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return form->lvEmailList.Count() == 3; }, 5000));
+    }
+    void TearDown() override {
+        window.reset();
+        form.reset();
+        CreateRegistry = nullptr;
+        Shell = nullptr;
+        Dialogs = nullptr;
+        Application = nullptr;
+    }
+    QTreeView& List() { return *window->findChild<QTreeView*>("lvEmailList"); }
+    TPanelButtonWidget& Button(const char* name) {
+        return *window->findChild<TPanelButtonWidget*>(name);
+    }
+    QString Cell(int row, int column) {
+        return List().model()->index(row, column).data().toString();
+    }
+    QString Status() { return window->findChild<QLabel*>("LMDpfStatusBar")->text(); }
+};
+
+TEST_F(GuiWindow, ShowsTheScanNewestFirstWithTheModelsTexts) {
+    EXPECT_EQ(Cell(0, 0), "bob");
+    EXPECT_EQ(Cell(2, 0), "carol");
+    EXPECT_EQ(Status(), "3 Messages");
+    EXPECT_EQ(window->windowTitle(), "Saved Messages For: box");
+    EXPECT_EQ(List().model()->headerData(2, Qt::Horizontal).toString(), "Arrival Date");
+}
+
+TEST_F(GuiWindow, AHeaderClickSortsByThatColumn) {
+    QTest::mouseClick(List().header()->viewport(), Qt::LeftButton, {},
+                      QPoint(List().header()->sectionViewportPosition(0) + 5, 5));
+    EXPECT_EQ(Cell(0, 0), "alice");
+    EXPECT_EQ(Cell(1, 0), "bob");
+    EXPECT_EQ(Cell(2, 0), "carol");
+}
+
+TEST_F(GuiWindow, ADoubleClickOpensTheSelectedMessageInTheClient) {
+    const QRect row = List().visualRect(List().model()->index(1, 0));
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(form->lvEmailList.SelectedIndex(), 1) << "the selection reaches the model";
+    QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, row.center());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return PathExists(record); }, 5000));
+    EXPECT_EQ(ReadFileBytes(record),
+              HelperProgram("argv_recorder") + "\n" + folder / "box/b.eml" + "\n");
+}
+
+TEST_F(GuiWindow, DeleteAsksAndDeletes) {
+    form->lvEmailList.SetSelected(0, true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(List().selectionModel()->selectedRows().size(), 1) << "the model's selection shows";
+    dialogs.QueueAnswer("OK");
+    QTest::mouseClick(&Button("LMDpfDelete"), Qt::LeftButton);
+    EXPECT_FALSE(PathExists(folder / "box/c.eml"));
+    EXPECT_EQ(Status(), "c.eml Deleted!");
+    EXPECT_EQ(List().model()->rowCount(), 2);
+    ASSERT_FALSE(dialogs.Transcript().empty());
+    EXPECT_NE(dialogs.Transcript().back().Pos("You are about to delete:"), 0);
+}
+
+TEST_F(GuiWindow, TheBusyCursorRefusesASecondRefresh) {
+    form->SetReady(false);
+    EXPECT_EQ(Button("LMDpfRefresh").cursor().shape(), Qt::WaitCursor);
+    std::filesystem::remove(folder / "box/a.eml");
+    QTest::mouseClick(&Button("LMDpfRefresh"), Qt::LeftButton);
+    EXPECT_EQ(List().model()->rowCount(), 3) << "no scan ran";
+    form->SetReady(true);
+    EXPECT_EQ(Button("LMDpfRefresh").cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseClick(&Button("LMDpfRefresh"), Qt::LeftButton);
+    EXPECT_EQ(List().model()->rowCount(), 2);
+}
+
+TEST_F(GuiWindow, ChoosingAFilterTypeOffersItsTexts) {
+    auto* type = window->findChild<QComboBox*>("LMDcbFilterType");
+    auto* text = window->findChild<QComboBox*>("LMDcbFilterText");
+    EXPECT_EQ(type->count(), 4);
+    type->activated(1);
+    EXPECT_EQ(text->count(), 3);
+    EXPECT_EQ(text->itemText(0), "alice");
+}
+
+TEST(GuiModel, PassesTheItemModelTesterThroughAScan) {
+    Qt();
+    TForm form{"Form"};
+    TListView list{&form, "lvEmailList"};
+    list.Columns = {{"From", 10}, {"Subject", 10}};
+    TListViewModel model(list);
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    list.BeginUpdate();
+    for (int i = 0; i < 1000; ++i) {
+        TListItem& row = list.Add();
+        row.Caption = AnsiString(static_cast<unsigned long>(i));
+        row.SubItems = {"s"};
+    }
+    list.EndUpdate();
+    EXPECT_EQ(model.rowCount(), 1000);
+    list.Clear();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST(GuiText, BytesShowAsUtf8OrWindows1252) {
+    EXPECT_EQ(ToQString("Chlo\xC3\xA9"), QString::fromUtf8("Chlo\xC3\xA9"));
+    EXPECT_EQ(ToQString("Chlo\xE9 \x80"), QString::fromUtf8("Chlo\xC3\xA9 \xE2\x82\xAC"));
+    EXPECT_EQ(FromQString(QString::fromUtf8("\xC3\xA9")), "\xC3\xA9");
+}
+
+} // namespace

@@ -6,6 +6,7 @@
 #include "cli/CliCommand.h"
 #include "cli/CliSession.h"
 #include "inbox/InboxForm.h"
+#include "script/FieldEscape.h"
 
 namespace {
 
@@ -50,28 +51,6 @@ bool ParseOptions(const std::vector<std::string>& args, TListOptions& options) {
         }
     }
     return haveFolder;
-}
-
-// A field on one line: backslash, tab, CR and LF written as escapes.
-void AppendEscaped(std::string& out, std::string_view field) {
-    for (const char c : field) {
-        switch (c) {
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        default:
-            out += c;
-        }
-    }
 }
 
 void PrintRows(const TListView& list) {

@@ -95,6 +95,9 @@ public:
     AnsiString MailboxFolder;
     AnsiString MailboxName;
     AnsiString SenderLine;
+    // Where LoadStartMailbox reads the hand-off file; empty: beside the
+    // program, named after it. A scripted session gives its own.
+    AnsiString HandOffPath;
     TStringList MessageFiles;
     TStringList Mailboxes;
     TStringList FromFilterTexts;

@@ -37,8 +37,10 @@ bool TInboxFrm::WalkMultipart(const TStringList& lines, TStringList& names) cons
 }
 
 AnsiString TInboxFrm::LoadStartMailbox() {
-    const AnsiString path =
-        Utils->AddBackslash(Utils->GetAppFolder()) + Utils->FileStem(Application->ExeName) + ".ini";
+    const AnsiString path = !HandOffPath.IsEmpty()
+                                ? HandOffPath
+                                : Utils->AddBackslash(Utils->GetAppFolder()) +
+                                      Utils->FileStem(Application->ExeName) + ".ini";
     try {
         TStringList handOff;
         handOff.LoadFromFile(path);

@@ -36,20 +36,22 @@ AnsiString TScriptedDialogs::NextAnswer() {
     return answer;
 }
 
-void TScriptedDialogs::Report(const AnsiString& line) {
+void TScriptedDialogs::Report(const char* kind, const AnsiString& title, const AnsiString& text,
+                              const AnsiString& answer, const AnsiString& line) {
     transcript.push_back(line);
-    if (OnReport) OnReport(line);
+    if (OnDialog) OnDialog(kind, title, text, answer);
 }
 
 int TScriptedDialogs::MessageBox(const AnsiString& text, const AnsiString& caption, int style) {
     const int answer = AnswerFor(NextAnswer(), style);
-    Report("message box \"" + caption + "\": " + text + " -> " + AnswerName(answer));
+    Report("message", caption, text, AnswerName(answer),
+           "message box \"" + caption + "\": " + text + " -> " + AnswerName(answer));
     return answer;
 }
 
 void TScriptedDialogs::ShowMessage(const AnsiString& text) {
     NextAnswer();
-    Report("message: " + text);
+    Report("show", "", text, "OK", "message: " + text);
 }
 
 TMenuItem* TScriptedDialogs::PopupMenu(TPopupMenu& menu, TPoint) {
@@ -59,19 +61,21 @@ TMenuItem* TScriptedDialogs::PopupMenu(TPopupMenu& menu, TPoint) {
     AnsiString entries;
     for (int i = 0; i < menu.Items.GetCount(); ++i)
         entries += (i ? ", " : "") + menu.Items.Items(i).Caption;
-    Report("menu " + AnsiString(menu.Name()) + " [" + entries + "] -> " +
-           (chosen ? chosen->Caption : AnsiString("none")));
+    const AnsiString answered = chosen ? chosen->Caption : AnsiString("none");
+    Report("menu", AnsiString(menu.Name()), entries, answered,
+           "menu " + AnsiString(menu.Name()) + " [" + entries + "] -> " + answered);
     return chosen;
 }
 
 void TScriptedDialogs::ShowHelpPopup(const AnsiString& text, TPoint) {
-    Report("help: " + text);
+    Report("help", "", text, "", "help: " + text);
 }
 
 AnsiString TScriptedDialogs::BrowseForFolder(const AnsiString& title, const AnsiString&) {
     AnsiString answer = NextAnswer();
     if (answer.LowerCase() == "cancel") answer = "";
-    Report("folder choice \"" + title + "\" -> " + (answer.IsEmpty() ? "cancel" : answer));
+    const AnsiString answered = answer.IsEmpty() ? AnsiString("cancel") : answer;
+    Report("folder", title, "", answered, "folder choice \"" + title + "\" -> " + answered);
     return answer;
 }
 
@@ -79,10 +83,11 @@ AnsiString TScriptedDialogs::OpenFile(const AnsiString& title, const AnsiString&
                                       const AnsiString&) {
     AnsiString answer = NextAnswer();
     if (answer.LowerCase() == "cancel") answer = "";
-    Report("file choice \"" + title + "\" -> " + (answer.IsEmpty() ? "cancel" : answer));
+    const AnsiString answered = answer.IsEmpty() ? AnsiString("cancel") : answer;
+    Report("file", title, "", answered, "file choice \"" + title + "\" -> " + answered);
     return answer;
 }
 
 void TScriptedDialogs::ShowException(const AnsiString& message) {
-    Report("exception: " + message);
+    Report("message", "Exception", message, "OK", "exception: " + message);
 }

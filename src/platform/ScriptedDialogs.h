@@ -20,8 +20,11 @@ public:
     // One line per dialog, in the order they were shown.
     const std::vector<AnsiString>& Transcript() const { return transcript; }
     void ClearTranscript() { transcript.clear(); }
-    // Called with each transcript line as it is written.
-    std::function<void(const AnsiString& line)> OnReport;
+    // Called for each dialog: its kind ("message", "show", "menu", "folder",
+    // "file", "help"), title, text, and the answer it got.
+    std::function<void(const char* kind, const AnsiString& title, const AnsiString& text,
+                       const AnsiString& answer)>
+        OnDialog;
 
     int MessageBox(const AnsiString& text, const AnsiString& caption, int style) override;
     void ShowMessage(const AnsiString& text) override;
@@ -34,7 +37,8 @@ public:
 
 private:
     AnsiString NextAnswer();
-    void Report(const AnsiString& line);
+    void Report(const char* kind, const AnsiString& title, const AnsiString& text,
+                const AnsiString& answer, const AnsiString& line);
 
     std::deque<AnsiString> answers;
     std::vector<AnsiString> transcript;

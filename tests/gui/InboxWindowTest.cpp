@@ -30,13 +30,24 @@ std::unique_ptr<TRegistry> HandOver() {
     return std::move(nextRegistry);
 }
 
-QApplication& Qt() {
-    static int argc = 1;
-    static char name[] = "gui_tests";
-    static char* argv[] = {name, nullptr};
-    static QApplication app(argc, argv);
-    return app;
-}
+// One QApplication for the test program, gone before the program's exit
+// handlers run (Qt's own globals must outlive it).
+class TQtEnvironment : public ::testing::Environment {
+public:
+    void SetUp() override {
+        static int argc = 1;
+        static char name[] = "gui_tests";
+        static char* argv[] = {name, nullptr};
+        app = std::make_unique<QApplication>(argc, argv);
+    }
+    void TearDown() override { app.reset(); }
+
+private:
+    std::unique_ptr<QApplication> app;
+};
+
+[[maybe_unused]] const auto* const qtEnvironment =
+    ::testing::AddGlobalTestEnvironment(std::make_unique<TQtEnvironment>().release());
 
 // The real window on Qt's offscreen platform, over a mailbox on disk and a
 // recording mail client; dialogs are answered by the test.
@@ -52,7 +63,6 @@ protected:
     std::string record = folder / "argv.txt";
 
     void SetUp() override {
-        Qt();
         env.Set("XDG_DATA_HOME", (folder / "data").c_str());
         env.Set("ARGV_RECORD_FILE", record.c_str());
         application.ExeName = AnsiString(folder / "bin/vellumdesk");
@@ -164,7 +174,6 @@ TEST_F(GuiWindow, ChoosingAFilterTypeOffersItsTexts) {
 }
 
 TEST(GuiModel, PassesTheItemModelTesterThroughAScan) {
-    Qt();
     TForm form{"Form"};
     TListView list{&form, "lvEmailList"};
     list.Columns = {{"From", 10}, {"Subject", 10}};

@@ -1,0 +1,55 @@
+// vellumdesk-cli script: one session of the desktop program, driven by a
+// script file ("-" for standard input) instead of a person and a screen.
+
+#include <cstdio>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+
+#include "cli/CliCommand.h"
+#include "foundation/FileDescriptor.h"
+#include "platform/ProgramPath.h"
+#include "platform/linux/DesktopMailClients.h"
+#include "platform/linux/LinuxShell.h"
+#include "script/ScriptSession.h"
+
+namespace {
+
+bool ReadScript(const std::string& name, std::string& text) {
+    if (name == "-") {
+        text.assign(std::istreambuf_iterator<char>(std::cin), {});
+        return true;
+    }
+    return ReadWholeFile(name.c_str(), text);
+}
+
+// The desktop program beside this one: its hand-off file, log and help.
+AnsiString DesktopProgramPath() {
+    const AnsiString self = OwnProgramPath();
+    return self.SubString(1, self.LastDelimiter("/")) + "vellumdesk";
+}
+
+int RunScript(const std::vector<std::string>& args) {
+    if (args.size() != 1) {
+        std::fprintf(stderr, "usage: vellumdesk-cli script FILE|-\n");
+        return 2;
+    }
+    std::string text;
+    if (!ReadScript(args[0], text)) {
+        std::fprintf(stderr, "script: cannot read %s\n", args[0].c_str());
+        return 2;
+    }
+    std::vector<TScriptCommand> commands;
+    TScriptError error;
+    if (!ParseScript(text, commands, error)) {
+        std::fprintf(stderr, "line %d: %s\n", error.Line, error.Reason.c_str());
+        return 2;
+    }
+    TLinuxShell shell;
+    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout);
+    return session.Run(commands, stderr);
+}
+
+const TCliCommand scriptCommand("script", "FILE|-", RunScript);
+
+} // namespace

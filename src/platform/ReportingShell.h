@@ -1,0 +1,26 @@
+#pragma once
+// A shell that tells what it starts before it starts it: a scripted session
+// reports every program, document and folder, and they still really start.
+
+#include <functional>
+
+#include "platform/Shell.h"
+
+class TReportingShell : public TShell {
+public:
+    explicit TReportingShell(TShell& real) : real(real) {}
+
+    std::function<void(const AnsiString& file, const std::vector<AnsiString>& args)> OnStart;
+
+    TProcessId Open(const AnsiString& file, const std::vector<AnsiString>& args) override {
+        if (OnStart) OnStart(file, args);
+        return real.Open(file, args);
+    }
+    bool WaitForExit(TProcessId process, std::uint32_t ms) override {
+        return real.WaitForExit(process, ms);
+    }
+    int ExitCode(TProcessId process) override { return real.ExitCode(process); }
+
+private:
+    TShell& real;
+};

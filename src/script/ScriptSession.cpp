@@ -1,0 +1,169 @@
+#include "script/ScriptSession.h"
+
+#include <cstdlib>
+#include <unistd.h>
+
+#include "inbox/InboxForm.h"
+#include "inbox/ProgramEntry.h"
+#include "platform/Dialogs.h"
+#include "script/ControlScript.h"
+#include "script/FieldEscape.h"
+
+TScriptSession::TScriptSession(TShell& realShell, TRegistryFactory registry,
+                               const AnsiString& exeName, std::FILE* out)
+    : registry(registry), shell(realShell), out(out) {
+    application.ExeName = exeName;
+    dialogs.OnDialog = [this](const char* kind, const AnsiString& title, const AnsiString& text,
+                              const AnsiString& answer) {
+        Print({"dialog", kind, title.str(), text.str(), answer.str()});
+    };
+    shell.OnStart = [this](const AnsiString& file, const std::vector<AnsiString>& args) {
+        std::vector<std::string> fields{"started", file.str()};
+        for (const AnsiString& arg : args)
+            fields.push_back(arg.str());
+        Print(fields);
+    };
+}
+
+TScriptSession::~TScriptSession() {
+    if (!handOffPath.empty()) ::unlink(handOffPath.c_str());
+}
+
+void TScriptSession::Print(const std::vector<std::string>& fields) {
+    std::string line;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i) line += '\t';
+        AppendEscaped(line, fields[i]);
+    }
+    line += '\n';
+    std::fwrite(line.data(), 1, line.size(), out);
+    std::fflush(out);
+}
+
+void TScriptSession::InstallServices() {
+    Application = &application;
+    Dialogs = &dialogs;
+    Shell = &shell;
+    CreateRegistry = registry;
+}
+
+void TScriptSession::RemoveServices() {
+    CreateRegistry = nullptr;
+    Shell = nullptr;
+    Dialogs = nullptr;
+    Application = nullptr;
+}
+
+int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* err) {
+    std::size_t next = 0;
+    for (; next < commands.size() && commands[next].Words[0] != "start"; ++next) {
+        if (TResult error = BeforeStart(commands[next])) {
+            failure = TScriptError{commands[next].Line, *error};
+            break;
+        }
+    }
+    if (!failure && next < commands.size()) {
+        TProgramParts parts;
+        parts.singleInstance = false;
+        parts.initialiseApplication = [this] { InstallServices(); };
+        parts.run = [&](TInboxFrm& inbox) { RunWindow(inbox, commands, next + 1); };
+        RunProgram(parts);
+        RemoveServices();
+    }
+    if (!failure) return 0;
+    std::fprintf(err, "line %d: %s\n", failure->Line, failure->Reason.c_str());
+    return 2;
+}
+
+TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& command) {
+    const std::vector<std::string>& words = command.Words;
+    if (words[0] == "answer" && words.size() == 2) {
+        dialogs.QueueAnswer(AnsiString(words[1]));
+        return std::nullopt;
+    }
+    if (words[0] == "handoff" && (words.size() == 2 || words.size() == 3)) {
+        char path[] = "/tmp/vellumdesk-handoff-XXXXXX";
+        const int fd = ::mkstemp(path);
+        if (fd < 0) return "cannot write the hand-off file";
+        const std::string text = words[1] + "\r\n" + (words.size() == 3 ? words[2] + "\r\n" : "");
+        const bool written = ::write(fd, text.data(), text.size()) == ssize_t(text.size());
+        ::close(fd);
+        if (!handOffPath.empty()) ::unlink(handOffPath.c_str());
+        handOffPath = path;
+        return written ? std::nullopt : TResult("cannot write the hand-off file");
+    }
+    if (IsWindowCommand(words[0])) return "'" + words[0] + "' needs a running program: start first";
+    return "unknown command '" + words[0] + "' or wrong number of arguments";
+}
+
+void TScriptSession::RunWindow(TInboxFrm& inbox, const std::vector<TScriptCommand>& commands,
+                               std::size_t next) {
+    inbox.HandOffPath = AnsiString(handOffPath);
+    inbox.OnClose = [this] {
+        quit = true;
+        application.Terminate();
+    };
+    inbox.FormActivate();
+    Drain();
+    for (; next < commands.size() && !quit; ++next) {
+        if (TResult error = Execute(inbox, commands[next])) {
+            failure = TScriptError{commands[next].Line, *error};
+            return;
+        }
+        Drain();
+    }
+    if (!quit) inbox.LMDpfClose.Click();
+}
+
+// Runs what the command posted (a menu entry's click), as the loop would.
+void TScriptSession::Drain() {
+    for (int pass = 0; pass < 1000 && application.HasPendingEvents(); ++pass)
+        application.ProcessMessages();
+}
+
+TScriptSession::TResult TScriptSession::Execute(TInboxFrm& inbox, const TScriptCommand& command) {
+    const std::vector<std::string>& words = command.Words;
+    if (words[0] == "answer" && words.size() == 2) {
+        dialogs.QueueAnswer(AnsiString(words[1]));
+        return std::nullopt;
+    }
+    if (words[0] == "quit" && words.size() == 1) {
+        inbox.LMDpfClose.Click();
+        quit = true;
+        return std::nullopt;
+    }
+    if (words[0] == "start") return "the program has started already";
+    if (words[0] == "handoff") return "handoff comes before start";
+    if (words[0] == "show" && words.size() == 2) return Show(words[1], inbox);
+    if (!IsWindowCommand(words[0]) || words.size() < 2)
+        return "unknown command '" + words[0] + "' or wrong number of arguments";
+    TControl* control = FindControl(words[1], inbox);
+    if (!control) return "unknown control '" + words[1] + "'";
+    return ExecuteOnControl(*control, command);
+}
+
+TScriptSession::TResult TScriptSession::ExecuteOnControl(TControl& control,
+                                                         const TScriptCommand& command) {
+    if (command.Words[0] == "help") {
+        application.DispatchMessage({TApplication::wmNcLButtonDown, TApplication::htHelp});
+        return ControlCommand(control, {"click", command.Words[1]});
+    }
+    return ControlCommand(control, command.Words);
+}
+
+TScriptSession::TResult TScriptSession::Show(const std::string& target, TInboxFrm& inbox) {
+    if (target == inbox.Name()) {
+        Print({"Caption=" + inbox.Caption().str()});
+        Print({std::string("Visible=") + (inbox.Visible() ? "true" : "false")});
+        Print({"Modal=none"});
+        return std::nullopt;
+    }
+    TControl* control = FindControl(target, inbox);
+    if (!control) return "unknown control '" + target + "'";
+    for (const std::string& line : ShowControl(*control)) {
+        std::fwrite(line.data(), 1, line.size(), out);
+        std::fputc('\n', out);
+    }
+    std::fflush(out);
+    return std::nullopt;
+}

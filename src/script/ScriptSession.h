@@ -1,0 +1,56 @@
+#pragma once
+// A session of the desktop program driven by a script: the same entry
+// sequence, windows and services, with the person and the screen replaced.
+// Dialogs are answered from the script, and what the session shows or starts
+// is reported on the output as it happens, one tab-separated line each.
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/HeadlessApplication.h"
+#include "platform/Registry.h"
+#include "platform/ReportingShell.h"
+#include "platform/ScriptedDialogs.h"
+#include "script/ScriptParser.h"
+
+class TControl;
+class TForm;
+class TInboxFrm;
+
+class TScriptSession {
+public:
+    // realShell starts what the session starts; registry lists the mail
+    // clients; exeName stands for the desktop program's own path.
+    TScriptSession(TShell& realShell, TRegistryFactory registry, const AnsiString& exeName,
+                   std::FILE* out);
+    ~TScriptSession();
+
+    // 0 when the session ran to its end; 2 after a script error, which is
+    // written to err as "line N: reason".
+    int Run(const std::vector<TScriptCommand>& commands, std::FILE* err);
+
+private:
+    using TResult = std::optional<std::string>; // a script error, or nothing
+
+    TResult BeforeStart(const TScriptCommand& command);
+    void InstallServices();
+    void RemoveServices();
+    void RunWindow(TInboxFrm& inbox, const std::vector<TScriptCommand>& commands, std::size_t next);
+    TResult Execute(TInboxFrm& inbox, const TScriptCommand& command);
+    TResult ExecuteOnControl(TControl& control, const TScriptCommand& command);
+    TResult Show(const std::string& target, TInboxFrm& inbox);
+    void Drain();
+    void Print(const std::vector<std::string>& fields);
+
+    TRegistryFactory registry;
+    THeadlessApplication application;
+    TScriptedDialogs dialogs;
+    TReportingShell shell;
+    std::FILE* out;
+    std::string handOffPath;
+    std::optional<TScriptError> failure;
+    bool quit = false;
+};

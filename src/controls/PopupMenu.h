@@ -9,6 +9,12 @@
 
 #include "controls/Control.h"
 
+// A caption without its first "&", the hot-key mark a menu may have put in.
+inline AnsiString CaptionWithoutHotKey(AnsiString caption) {
+    if (const int at = caption.Pos("&"); at > 0) caption.Delete(at, 1);
+    return caption;
+}
+
 class TMenuItem {
 public:
     explicit TMenuItem(AnsiString caption = {}) : Caption(std::move(caption)) {}

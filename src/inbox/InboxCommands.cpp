@@ -22,11 +22,6 @@ void DeleteFile(const AnsiString& path) {
     ::unlink(path.c_str());
 }
 
-AnsiString WithoutFirstAmpersand(AnsiString text) {
-    if (const int at = text.Pos("&"); at > 0) text.Delete(at, 1);
-    return text;
-}
-
 } // namespace
 
 void TInboxFrm::LMDpfRefreshClick() {
@@ -64,7 +59,7 @@ void TInboxFrm::pmMailBoxesPopup() {
 }
 
 void TInboxFrm::MailboxMenuClick(TMenuItem& sender) {
-    MailboxName = WithoutFirstAmpersand(sender.Caption);
+    MailboxName = CaptionWithoutHotKey(sender.Caption);
     MailboxFolder = Mailboxes.IndexOfName(MailboxName) >= 0
                         ? Mailboxes.GetValue(MailboxName)
                         : Utils->AddBackslash(Globals->DataFolder) + MailboxName;

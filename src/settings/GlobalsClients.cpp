@@ -6,15 +6,6 @@
 #include "platform/Dialogs.h"
 #include "settings/Globals.h"
 
-namespace {
-
-AnsiString WithoutFirstAmpersand(AnsiString text) {
-    if (const int at = text.Pos("&"); at > 0) text.Delete(at, 1);
-    return text;
-}
-
-} // namespace
-
 int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
     for (int i = 0; i < list.Count(); ++i) {
         if (list[i].IsEmpty()) continue;
@@ -32,7 +23,7 @@ int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
 // entry with the message's path runs the program the way the desktop would.
 // The path is passed whole, as one argument.
 void TGlobals::OpenInMailClient(const AnsiString& client, const AnsiString& file) {
-    const AnsiString name = WithoutFirstAmpersand(client);
+    const AnsiString name = CaptionWithoutHotKey(client);
     const int line = MailClients.IndexOfName(name);
     if (line < 0) return;
     AnsiString cmd = Utils->StripQuotes(EMailReg->GetClientCommand(MailClients.GetValue(name)));

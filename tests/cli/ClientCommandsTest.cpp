@@ -14,11 +14,6 @@ protected:
     TTempFolder folder;
     std::string record = folder / "argv.txt";
     TXdgFixture desktop{folder.Path(), record};
-    std::string AwaitRecord() {
-        for (int i = 0; i < 500 && !PathExists(record); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        return ReadFileBytes(record);
-    }
 };
 
 TEST_F(ClientCommands, ClientsPrintsDisplayNameAndId) {
@@ -35,7 +30,7 @@ TEST_F(ClientCommands, OpenStartsTheNamedClientAndReturns) {
     const TChildResult r =
         RunChild({BuiltProgram("vellumdesk-cli"), "open", message, "--client", "&Quill Reader"});
     EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(AwaitRecord(), HelperProgram("argv_recorder") + "\n" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), HelperProgram("argv_recorder") + "\n" + message + "\n");
 }
 
 TEST_F(ClientCommands, OpenWithoutAClientUsesTheOneOfConfig) {
@@ -45,7 +40,7 @@ TEST_F(ClientCommands, OpenWithoutAClientUsesTheOneOfConfig) {
     folder.Write("home/Quillpost Users/Config.cfg", config);
     const std::string message = folder.Write("box/m.eml", "From: x\r\n");
     EXPECT_EQ(RunChild({BuiltProgram("vellumdesk-cli"), "open", message}).exitCode, 0);
-    EXPECT_EQ(AwaitRecord(), HelperProgram("argv_recorder") + "\n" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), HelperProgram("argv_recorder") + "\n" + message + "\n");
 }
 
 } // namespace

@@ -15,20 +15,15 @@
 #include "gui/QtApplication.h"
 #include "gui/QtText.h"
 #include "inbox/InboxForm.h"
-#include "platform/MemoryRegistry.h"
 #include "platform/ScriptedDialogs.h"
 #include "platform/linux/LinuxShell.h"
 #include "settings/Globals.h"
 #include "support/EnvOverride.h"
 #include "support/GlobalScope.h"
+#include "support/NextRegistry.h"
 #include "support/TempFolder.h"
 
 namespace {
-
-std::unique_ptr<TMemoryRegistry> nextRegistry;
-std::unique_ptr<TRegistry> HandOver() {
-    return std::move(nextRegistry);
-}
 
 // One QApplication for the test program, gone before the program's exit
 // handlers run (Qt's own globals must outlive it).
@@ -57,6 +52,7 @@ protected:
     TEnvOverride env;
     TQtApplication application;
     TScriptedDialogs dialogs;
+    TNextRegistry next;
     TLinuxShell shell;
     std::unique_ptr<TInboxFrm> form;
     std::unique_ptr<TInboxWindow> window;
@@ -83,13 +79,11 @@ protected:
         std::string config(1024, '\0');
         config.replace(395, 8, "Recorder");
         folder.Write("data/Quillpost Users/Config.cfg", config);
-        nextRegistry = std::make_unique<TMemoryRegistry>();
         const AnsiString base = "Software\\Clients\\Mail";
-        nextRegistry->SetString(base, "", "rec");
-        nextRegistry->SetString(base + "\\rec", "", "Recorder");
-        nextRegistry->SetString(base + "\\rec\\shell\\open\\command", "",
-                                "\"" + HelperProgram("argv_recorder") + "\"");
-        CreateRegistry = HandOver;
+        next.Tree().SetString(base, "", "rec");
+        next.Tree().SetString(base + "\\rec", "", "Recorder");
+        next.Tree().SetString(base + "\\rec\\shell\\open\\command", "",
+                              "\"" + HelperProgram("argv_recorder") + "\"");
         form = std::make_unique<TInboxFrm>();
         window = std::make_unique<TInboxWindow>(*form);
         window->show();
@@ -98,7 +92,6 @@ protected:
     void TearDown() override {
         window.reset();
         form.reset();
-        CreateRegistry = nullptr;
         Shell = nullptr;
         Dialogs = nullptr;
         Application = nullptr;

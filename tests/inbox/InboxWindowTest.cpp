@@ -4,19 +4,14 @@
 #include <thread>
 
 #include "inbox/InboxForm.h"
-#include "platform/MemoryRegistry.h"
 #include "platform/ScriptedDialogs.h"
 #include "settings/Globals.h"
 #include "support/EnvOverride.h"
 #include "support/GlobalScope.h"
+#include "support/NextRegistry.h"
 #include "support/TempFolder.h"
 
 namespace {
-
-std::unique_ptr<TMemoryRegistry> nextRegistry;
-std::unique_ptr<TRegistry> HandOver() {
-    return std::move(nextRegistry);
-}
 
 std::string Message(const std::string& from, const std::string& date) {
     return "From: " + from + "\r\nSubject: s\r\nDate: " + date + "\r\n\r\nbody\r\n";
@@ -31,6 +26,7 @@ protected:
     TEnvOverride env;
     TGlobalScope scope{AnsiString(folder / "bin/vellumdesk")};
     TScriptedDialogs dialogs;
+    TNextRegistry next;
     std::string data = folder / "data/Quillpost Users";
     std::string record = folder / "argv.txt";
     std::unique_ptr<TInboxFrm> inbox;
@@ -52,16 +48,13 @@ protected:
         const std::string client = folder / "clients/recorder";
         std::filesystem::create_directories(folder / "clients");
         std::filesystem::copy_file(HelperProgram("argv_recorder"), client);
-        nextRegistry = std::make_unique<TMemoryRegistry>();
         const AnsiString base = "Software\\Clients\\Mail";
-        nextRegistry->SetString(base, "", "rec");
-        nextRegistry->SetString(base + "\\rec", "", "Recorder");
-        nextRegistry->SetString(base + "\\rec\\shell\\open\\command", "", "\"" + client + "\"");
-        CreateRegistry = HandOver;
+        next.Tree().SetString(base, "", "rec");
+        next.Tree().SetString(base + "\\rec", "", "Recorder");
+        next.Tree().SetString(base + "\\rec\\shell\\open\\command", "", "\"" + client + "\"");
     }
     void TearDown() override {
         inbox.reset();
-        CreateRegistry = nullptr;
         Dialogs = nullptr;
     }
     void WriteConfig(const std::string& client) {

@@ -10,12 +10,6 @@
 
 namespace {
 
-std::string AwaitRecord(const std::string& path) {
-    for (int i = 0; i < 500 && !PathExists(path); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return ReadFileBytes(path);
-}
-
 // GIO reads the desktop's entries once per process, so the whole story runs
 // in one test: discovery, the default, the precedence rules, the start.
 TEST(DesktopMailClients, ListsTheDesktopsClientsAndStartsThemWithThePath) {
@@ -37,7 +31,7 @@ TEST(DesktopMailClients, ListsTheDesktopsClientsAndStartsThemWithThePath) {
 
     const std::string message = folder.Write("box/a b \"$(x)\".eml", "From: x\r\n");
     globals.OpenInMailClient("Quill Reader", message);
-    EXPECT_EQ(AwaitRecord(record), HelperProgram("argv_recorder") + "\n" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), HelperProgram("argv_recorder") + "\n" + message + "\n");
 }
 
 } // namespace

@@ -8,13 +8,6 @@
 
 namespace {
 
-// The recorder writes its file whole when it is done; wait for it.
-std::string AwaitRecord(const std::string& path) {
-    for (int i = 0; i < 500 && !PathExists(path); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return ReadFileBytes(path);
-}
-
 class ExecuteFile : public ::testing::Test {
 protected:
     TTempFolder folder;
@@ -28,14 +21,14 @@ protected:
 TEST_F(ExecuteFile, ArgumentsReachTheProgramUntouched) {
     const AnsiString hostile = folder.Write("it's a \"$(touch pwned)\" `id`; *.eml", "x");
     ASSERT_TRUE(scope.U().ExecuteFile(program, std::vector<AnsiString>{hostile, "a b"}, true));
-    EXPECT_EQ(AwaitRecord(record), program + "\n" + hostile.str() + "\na b\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n" + hostile.str() + "\na b\n");
     EXPECT_FALSE(PathExists("pwned"));
     EXPECT_EQ(scope.U().WaitMs, 100u);
 }
 
 TEST_F(ExecuteFile, AnArgumentTextSplitsAtBlanksAndQuotesGroup) {
     ASSERT_TRUE(scope.U().ExecuteFile(program, "/eml: \"/tmp/a b.eml\"  x", false));
-    EXPECT_EQ(AwaitRecord(record), program + "\n/eml:\n/tmp/a b.eml\nx\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n/eml:\n/tmp/a b.eml\nx\n");
 }
 
 TEST_F(ExecuteFile, AMissingProgramFailsAndChangesNothingElse) {
@@ -54,7 +47,7 @@ TEST_F(ExecuteFile, WaitingLetsTheLoopRunOnceAndWaitsNoLongerThanItsLimit) {
     EXPECT_EQ(scope.App().ProcessMessagesCalls(), 1);
     ASSERT_TRUE(scope.U().ExecuteFile("argv_recorder", "", false))
         << "a bare name is found in PATH";
-    EXPECT_EQ(AwaitRecord(record), program + "\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n");
 }
 
 TEST(Shell, ReportsTheExitCodeOfAStartedProgram) {

@@ -1,32 +1,18 @@
 #include <gtest/gtest.h>
 
-#include "platform/MemoryRegistry.h"
 #include "settings/Globals.h"
 #include "support/GlobalScope.h"
+#include "support/NextRegistry.h"
 
 namespace {
 
 const AnsiString base = "Software\\Clients\\Mail";
 
-// The registry the next TEMailReg reads.
-std::unique_ptr<TMemoryRegistry> nextRegistry;
-std::unique_ptr<TRegistry> HandOver() {
-    return std::move(nextRegistry);
-}
-
 class Registry : public ::testing::Test {
 protected:
     TGlobalScope scope;
-    TMemoryRegistry* registry = nullptr; // owned by the TEMailReg that reads it
-    void SetUp() override {
-        nextRegistry = std::make_unique<TMemoryRegistry>();
-        registry = nextRegistry.get();
-        CreateRegistry = HandOver;
-    }
-    void TearDown() override {
-        nextRegistry.reset();
-        CreateRegistry = nullptr;
-    }
+    TNextRegistry next;
+    TMemoryRegistry* registry = &next.Tree();
     void Client(const char* key, const char* name) {
         if (name)
             registry->SetString(base + "\\" + key, "", name);

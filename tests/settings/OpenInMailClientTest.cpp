@@ -3,25 +3,15 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-#include "platform/MemoryRegistry.h"
 #include "settings/Globals.h"
 #include "support/EnvOverride.h"
 #include "support/GlobalScope.h"
+#include "support/NextRegistry.h"
 #include "support/TempFolder.h"
 
 namespace {
 
 const AnsiString base = "Software\\Clients\\Mail";
-std::unique_ptr<TMemoryRegistry> nextRegistry;
-std::unique_ptr<TRegistry> HandOver() {
-    return std::move(nextRegistry);
-}
-
-std::string AwaitRecord(const std::string& path) {
-    for (int i = 0; i < 300 && !PathExists(path); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    return ReadFileBytes(path);
-}
 
 // Mail clients are copies of the argument recorder under the names a
 // registry command would give them.
@@ -30,17 +20,15 @@ protected:
     TTempFolder folder;
     TEnvOverride env;
     TGlobalScope scope;
+    TNextRegistry next;
     std::string record = folder / "argv.txt";
     std::string message = folder.Write("box/it's \"$(touch pwned)\" a b.eml", "From: x\r\n");
     std::unique_ptr<TGlobals> globals;
 
     void SetUp() override {
         env.Set("ARGV_RECORD_FILE", record.c_str());
-        nextRegistry = std::make_unique<TMemoryRegistry>();
-        nextRegistry->SetString(base, "", "Mail");
-        CreateRegistry = HandOver;
+        next.Tree().SetString(base, "", "Mail");
     }
-    void TearDown() override { CreateRegistry = nullptr; }
 
     std::string Program(const std::string& name) {
         const std::string path = folder / name;
@@ -50,11 +38,11 @@ protected:
         return path;
     }
     void Client(const char* key, const char* name, const std::string& command) {
-        nextRegistry->SetString(base + "\\" + key, "", name);
-        nextRegistry->SetString(base + "\\" + key + "\\shell\\open\\command", "", command);
+        next.Tree().SetString(base + "\\" + key, "", name);
+        next.Tree().SetString(base + "\\" + key + "\\shell\\open\\command", "", command);
     }
     void Open(const char* client, const std::string& file) {
-        globals = std::make_unique<TGlobals>();
+        if (!globals) globals = std::make_unique<TGlobals>(); // reads the registry once
         globals->OpenInMailClient(client, file);
     }
 };
@@ -63,14 +51,14 @@ TEST_F(OpenInMailClient, TheOldExpressClientGetsTheEmlSwitch) {
     const std::string program = Program("Outlook Express/msimn.exe");
     Client("Mail", "Mail Client", "\"" + program + "\" /outnews");
     Open("&Mail Client", message);
-    EXPECT_EQ(AwaitRecord(record), program + "\n/eml:" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n/eml:" + message + "\n");
 }
 
 TEST_F(OpenInMailClient, ArgumentsOfTheCommandAreDroppedAndTheMarkerGoes) {
     const std::string program = Program("Mailer/mailer.exe");
     Client("Mail", "Mail Client", "%windir%" + program + " /m");
     Open("Mail Client", message);
-    EXPECT_EQ(AwaitRecord(record), program + "\n" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n" + message + "\n");
     EXPECT_FALSE(PathExists("pwned"));
 }
 
@@ -78,13 +66,13 @@ TEST_F(OpenInMailClient, ACommandWithoutExeIsAllProgram) {
     const std::string program = Program("MAIL");
     Client("Mail", "Mail Client", "\"" + program + "\"");
     Open("Mail Client", message);
-    EXPECT_EQ(AwaitRecord(record), program + "\n" + message + "\n");
+    EXPECT_EQ(AwaitFile(record), program + "\n" + message + "\n");
 }
 
 TEST_F(OpenInMailClient, UnknownNamesAndMissingCommandsDoNothing) {
     const std::string program = Program("mail.exe");
     Client("Mail", "Mail Client", program);
-    nextRegistry->SetString(base + "\\Bare", "", "Bare Client");
+    next.Tree().SetString(base + "\\Bare", "", "Bare Client");
     Open("Mail &&Client", message);
     Open("Bare Client", message);
     Open("Mail Client", folder / "box/missing.eml");

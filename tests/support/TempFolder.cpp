@@ -1,10 +1,12 @@
 #include "support/TempFolder.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -50,4 +52,10 @@ std::string ReadFileBytes(const std::string& path) {
 bool PathExists(const std::string& path) {
     std::error_code ignored;
     return fs::exists(fs::symlink_status(path, ignored));
+}
+
+std::string AwaitFile(const std::string& path) {
+    for (int i = 0; i < 500 && !PathExists(path); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return ReadFileBytes(path);
 }

@@ -26,3 +26,6 @@ private:
 
 std::string ReadFileBytes(const std::string& path);
 bool PathExists(const std::string& path);
+// The bytes of a file that another process writes whole; waits for it to
+// appear, for five seconds at the most.
+std::string AwaitFile(const std::string& path);

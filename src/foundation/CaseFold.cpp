@@ -204,6 +204,11 @@ int CompareText(std::string_view a, std::string_view b) {
     std::size_t i = 0, j = 0;
     int secondary = 0;
     while (i < a.size() && j < b.size()) {
+        if (a[i] == b[j] && static_cast<unsigned char>(a[i]) < 0x80) { // the common case
+            ++i;
+            ++j;
+            continue;
+        }
         const Decoded da = Decode(a, i);
         const Decoded db = Decode(b, j);
         if (da.cp != db.cp) {

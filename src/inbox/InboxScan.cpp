@@ -91,7 +91,7 @@ void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
         CollectFilterTexts(from, subject, date);
     }
 
-    const AnsiString size(static_cast<unsigned long>(Utils->GetFileSize(path)));
+    const AnsiString size(static_cast<unsigned long>(message.FileSize()));
     const std::string_view contentType = FindHeader(message, "Content-Type:");
     // The walk yields to the message loop, where a column click may sort the
     // rows; the names are therefore gathered before the row joins the list.

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "foundation/AnsiString.h"
@@ -36,6 +37,7 @@ void TMessageText::Reserve(std::size_t size) {
 // makes it larger.
 bool TMessageText::Load(const char* path) {
     length = 0;
+    fileSize = 0;
     TFileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
     if (!file.IsOpen()) return false;
     Reserve(initialCapacity);
@@ -55,6 +57,12 @@ bool TMessageText::Load(const char* path) {
         read += static_cast<std::size_t>(got);
     }
     CutAtNul(read);
+    // Asked of the open file rather than of its path: the same moment, one
+    // path walk less. A file removed meanwhile has no link left and counts as gone.
+    struct stat st {};
+    fileSize = ::fstat(file.Get(), &st) == 0 && st.st_nlink > 0
+                   ? static_cast<std::uint32_t>(st.st_size)
+                   : 0;
     return true;
 }
 

@@ -7,6 +7,7 @@
 // Lines end at CR LF, a lone CR or a lone LF; positions given and returned
 // are the byte offsets of line starts.
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -19,6 +20,9 @@ public:
     void SetText(std::string_view text);
 
     std::string_view Text() const { return {buffer.get(), length}; }
+    // The size the file's directory entry gave right after the read, 32 bits
+    // as the list shows it; 0 when the entry was gone by then.
+    std::uint32_t FileSize() const { return fileSize; }
     // A text with no lines: empty, or a NUL in its first byte.
     bool HasLines() const { return length > 0; }
 
@@ -39,6 +43,7 @@ private:
     std::unique_ptr<char[]> buffer; // grows to the largest file and stays there
     std::size_t capacity = 0;
     std::size_t length = 0;
+    std::uint32_t fileSize = 0;
 };
 
 // The header reader on a message text: the value of the first matching line,

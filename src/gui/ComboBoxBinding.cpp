@@ -7,7 +7,7 @@
 #include "gui/QtText.h"
 
 TComboBoxBinding::TComboBoxBinding(TComboBox& combo, QComboBox& widget)
-    : QObject(&widget), combo(combo), widget(widget) {
+    : combo(combo), widget(widget) {
     widget.setEditable(combo.Style == TComboStyle::csDropDown);
     widget.setInsertPolicy(QComboBox::NoInsert);
     ShowModel();

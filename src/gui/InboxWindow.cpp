@@ -1,55 +1,41 @@
 #include "gui/InboxWindow.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QShortcut>
 #include <QTimer>
-#include <QTreeView>
-#include <QVBoxLayout>
 
-#include "gui/ComboBoxBinding.h"
-#include "gui/ListViewBinding.h"
 #include "gui/PanelBinding.h"
-#include "gui/PanelButtonWidget.h"
 #include "gui/QtText.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 
-namespace {
-
-// A button with its small menu button on its right edge.
-QWidget* WithMenuButton(TPanelButton& button, TPanelButton& menuButton) {
-    auto* pair = new QWidget;
-    auto* row = new QHBoxLayout(pair);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    row->addWidget(new TPanelButtonWidget(button));
-    row->addWidget(new TPanelButtonWidget(menuButton));
-    return pair;
+TInboxWindow::TButtonPair::TButtonPair(TPanelButton& button, TPanelButton& menuButton)
+    : main(button), menu(menuButton) {
+    row.setContentsMargins(0, 0, 0, 0);
+    row.setSpacing(0);
+    row.addWidget(&main);
+    row.addWidget(&menu);
 }
 
-} // namespace
-
-TInboxWindow::TInboxWindow(TInboxFrm& form) : form(form) {
+TInboxWindow::TInboxWindow(TInboxFrm& form)
+    : form(form), browse(form.LMDpfInbox, form.LMDpfSubMailboxes),
+      runMail(form.LMDpfRunMail, form.LMDpfSubEmailers),
+      remove(form.LMDpfDelete, form.LMDpfSubDelete), send(form.LMDpfSend), rules(form.LMDpfRules),
+      search(form.LMDpfSearch), refresh(form.LMDpfRefresh), help(form.LMDpfHelp),
+      close(form.LMDpfClose), listBinding(form.lvEmailList, list),
+      filterTypeBinding(form.LMDcbFilterType, filterType),
+      filterTextBinding(form.LMDcbFilterText, filterText) {
     setObjectName("InboxFrm");
     setWindowFlag(Qt::WindowContextHelpButtonHint);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(4, 4, 4, 0);
-    layout->addWidget(BuildFilterBar());
-    auto* list = new QTreeView;
-    list->setObjectName("lvEmailList");
-    new TListViewBinding(form.lvEmailList, *list);
-    layout->addWidget(list, 1);
-    layout->addWidget(BuildButtonBar());
-    layout->addWidget(BuildStatusBar());
+    layout.setContentsMargins(4, 4, 4, 0);
+    LayOutFilterBar();
+    list.setObjectName("lvEmailList");
+    layout.addWidget(&list, 1);
+    LayOutButtonBar();
+    LayOutStatusBar();
     resize(900, 560);
     FollowForm();
     subscription = form.Subscribe([this](TControl&, TChange) { FollowForm(); });
-    // The title bar's "?" is not offered by every window manager; Shift+F1 is.
-    auto* helpKey = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F1), this);
-    connect(helpKey, &QShortcut::activated, this, [] {
+    connect(&helpKey, &QShortcut::activated, this, [] {
         if (Application)
             Application->DispatchMessage({TApplication::wmNcLButtonDown, TApplication::htHelp});
     });
@@ -59,59 +45,44 @@ TInboxWindow::~TInboxWindow() {
     form.Unsubscribe(subscription);
 }
 
-QWidget* TInboxWindow::BuildFilterBar() {
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 0, 0, 0);
-    auto* type = new QComboBox;
-    type->setObjectName("LMDcbFilterType");
-    new TComboBoxBinding(form.LMDcbFilterType, *type);
-    auto* text = new QComboBox;
-    text->setObjectName("LMDcbFilterText");
-    new TComboBoxBinding(form.LMDcbFilterText, *text);
-    row->addWidget(new QLabel("Filtering:"));
-    row->addWidget(type);
-    row->addSpacing(12);
-    row->addWidget(new QLabel("Text:"));
-    row->addWidget(text, 1);
-    return bar;
+void TInboxWindow::LayOutFilterBar() {
+    filterType.setObjectName("LMDcbFilterType");
+    filterText.setObjectName("LMDcbFilterText");
+    filterRow.setContentsMargins(0, 0, 0, 0);
+    filterRow.addWidget(&filterTypeLabel);
+    filterRow.addWidget(&filterType);
+    filterRow.addSpacing(12);
+    filterRow.addWidget(&filterTextLabel);
+    filterRow.addWidget(&filterText, 1);
+    layout.addWidget(&filterBar);
 }
 
-QWidget* TInboxWindow::BuildButtonBar() {
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(0, 2, 0, 2);
-    row->setSpacing(4);
-    row->addWidget(WithMenuButton(form.LMDpfInbox, form.LMDpfSubMailboxes));
-    row->addWidget(WithMenuButton(form.LMDpfRunMail, form.LMDpfSubEmailers));
-    row->addWidget(new TPanelButtonWidget(form.LMDpfSend));
-    row->addWidget(new TPanelButtonWidget(form.LMDpfRules));
-    row->addWidget(WithMenuButton(form.LMDpfDelete, form.LMDpfSubDelete));
-    row->addWidget(new TPanelButtonWidget(form.LMDpfSearch));
-    row->addWidget(new TPanelButtonWidget(form.LMDpfRefresh));
-    row->addStretch(1);
-    row->addWidget(new TPanelButtonWidget(form.LMDpfHelp));
-    row->addWidget(new TPanelButtonWidget(form.LMDpfClose));
-    for (TPanelButton* button : {&form.LMDpfSend, &form.LMDpfRules, &form.LMDpfSearch,
-                                 &form.LMDpfRefresh, &form.LMDpfHelp, &form.LMDpfClose})
-        if (button->Width() == 0) button->SetWidth(80);
-    return bar;
+void TInboxWindow::LayOutButtonBar() {
+    buttonRow.setContentsMargins(0, 2, 0, 2);
+    buttonRow.setSpacing(4);
+    buttonRow.addWidget(&browse.box);
+    buttonRow.addWidget(&runMail.box);
+    buttonRow.addWidget(&send);
+    buttonRow.addWidget(&rules);
+    buttonRow.addWidget(&remove.box);
+    buttonRow.addWidget(&search);
+    buttonRow.addWidget(&refresh);
+    buttonRow.addStretch(1);
+    buttonRow.addWidget(&help);
+    buttonRow.addWidget(&close);
+    layout.addWidget(&buttonBar);
 }
 
-QWidget* TInboxWindow::BuildStatusBar() {
-    auto* bar = new QFrame;
-    bar->setFrameShape(QFrame::StyledPanel);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(6, 2, 6, 2);
-    auto* status = new QLabel;
-    status->setObjectName("LMDpfStatusBar");
-    BindPanel(form.LMDpfStatusBar, *status);
-    auto* date = new QLabel;
-    date->setObjectName("LMDpfDate");
-    BindPanel(form.LMDpfDate, *date);
-    row->addWidget(status, 1);
-    row->addWidget(date);
-    return bar;
+void TInboxWindow::LayOutStatusBar() {
+    statusBar.setFrameShape(QFrame::StyledPanel);
+    statusRow.setContentsMargins(6, 2, 6, 2);
+    status.setObjectName("LMDpfStatusBar");
+    BindPanel(form.LMDpfStatusBar, status);
+    date.setObjectName("LMDpfDate");
+    BindPanel(form.LMDpfDate, date);
+    statusRow.addWidget(&status, 1);
+    statusRow.addWidget(&date);
+    layout.addWidget(&statusBar);
 }
 
 void TInboxWindow::FollowForm() {

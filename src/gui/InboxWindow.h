@@ -2,9 +2,21 @@
 // The main window on screen: the filter bar, the list of messages, the
 // button bar and the status bar, each widget bound to its control in
 // TInboxFrm. The first show runs the window's activation; closing it closes
-// the form.
+// the form. Every widget and binding is a member, so the window owns them
+// outright; bindings are declared last and go first.
 
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QShortcut>
+#include <QTreeView>
+#include <QVBoxLayout>
 #include <QWidget>
+
+#include "gui/ComboBoxBinding.h"
+#include "gui/ListViewBinding.h"
+#include "gui/PanelButtonWidget.h"
 
 class TInboxFrm;
 
@@ -24,12 +36,44 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    QWidget* BuildFilterBar();
-    QWidget* BuildButtonBar();
-    QWidget* BuildStatusBar();
+    // A button with its small menu button on its right edge.
+    struct TButtonPair {
+        TButtonPair(TPanelButton& button, TPanelButton& menuButton);
+        QWidget box;
+        QHBoxLayout row{&box};
+        TPanelButtonWidget main, menu;
+    };
+
+    void LayOutFilterBar();
+    void LayOutButtonBar();
+    void LayOutStatusBar();
     void FollowForm();
 
     TInboxFrm& form;
+    QVBoxLayout layout{this};
+
+    QWidget filterBar;
+    QHBoxLayout filterRow{&filterBar};
+    QLabel filterTypeLabel{"Filtering:"}, filterTextLabel{"Text:"};
+    QComboBox filterType, filterText;
+
+    QTreeView list;
+
+    QWidget buttonBar;
+    QHBoxLayout buttonRow{&buttonBar};
+    TButtonPair browse, runMail, remove;
+    TPanelButtonWidget send, rules, search, refresh, help, close;
+
+    QFrame statusBar;
+    QHBoxLayout statusRow{&statusBar};
+    QLabel status, date;
+
+    TListViewBinding listBinding;
+    TComboBoxBinding filterTypeBinding, filterTextBinding;
+
+    // The title bar's "?" is not offered by every window manager; Shift+F1 is.
+    QShortcut helpKey{QKeySequence(Qt::SHIFT | Qt::Key_F1), this};
+
     int subscription = 0;
     bool activatedOnce = false;
 };

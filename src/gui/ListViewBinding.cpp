@@ -6,8 +6,7 @@
 
 #include "gui/ControlBinding.h"
 
-TListViewBinding::TListViewBinding(TListView& list, QTreeView& view)
-    : QObject(&view), model(list), view(view) {
+TListViewBinding::TListViewBinding(TListView& list, QTreeView& view) : model(list), view(view) {
     view.setModel(&model);
     view.setRootIsDecorated(false);
     view.setUniformRowHeights(true); // what keeps 100,000 rows fast

@@ -36,11 +36,13 @@ void TInboxFrm::SetUpControls() {
         b.button.SetCaption(b.caption);
         b.button.SetHelpContext(b.helpContext);
     }
-    // Design widths the activation's width rule starts from.
-    LMDpfSubEmailers.SetWidth(12);
-    LMDpfSubMailboxes.SetWidth(12);
-    LMDpfSubDelete.SetWidth(12);
-    LMDpfInbox.SetWidth(80);
+    // Design widths; the activation's width rule starts from those of
+    // LMDpfSubEmailers and LMDpfInbox.
+    for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
+        menuButton->SetWidth(12);
+    for (TPanelButton* button : {&LMDpfInbox, &LMDpfRules, &LMDpfSend, &LMDpfDelete, &LMDpfHelp,
+                                 &LMDpfClose, &LMDpfRefresh, &LMDpfSearch})
+        button->SetWidth(80);
     LMDpfRunMail.SetWidth(85);
 
     LMDpfRefresh.OnClick = [this] { LMDpfRefreshClick(); };

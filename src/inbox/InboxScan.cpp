@@ -91,11 +91,19 @@ void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
         CollectFilterTexts(from, subject, date);
     }
 
-    const AnsiString size(static_cast<unsigned long>(message.FileSize()));
-    const std::string_view contentType = FindHeader(message, "Content-Type:");
     // The walk yields to the message loop, where a column click may sort the
-    // rows; the names are therefore gathered before the row joins the list.
-    AnsiString attachments;
+    // rows and another handler may even read a file into the same buffer; the
+    // row's texts are therefore copied out, and the names gathered, before the
+    // row joins the list.
+    TListItem row;
+    row.Caption = AnsiString(from);
+    row.SubItems = {AnsiString(subject),
+                    date,
+                    AnsiString(static_cast<unsigned long>(message.FileSize())),
+                    AnsiString(),
+                    AnsiString(FindHeader(message, "Content-Type:")),
+                    name};
+    AnsiString& attachments = row.SubItems[3];
     ::WalkMultipart(
         message,
         [&](const AnsiString& file) {
@@ -103,10 +111,7 @@ void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
             attachments += file;
         },
         Yield);
-
-    TListItem& row = lvEmailList.Add();
-    row.Caption = AnsiString(from);
-    row.SubItems = {AnsiString(subject), date, size, attachments, AnsiString(contentType), name};
+    lvEmailList.Add() = std::move(row);
 }
 
 void TInboxFrm::CollectFilterTexts(std::string_view from, std::string_view subject,

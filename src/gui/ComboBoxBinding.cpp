@@ -13,11 +13,12 @@ TComboBoxBinding::TComboBoxBinding(TComboBox& combo, QComboBox& widget)
     ShowModel();
     subscription = combo.Subscribe([this](TControl&, TChange) { ShowModel(); });
     connect(&widget, &QComboBox::activated, this, [this](int index) {
-        if (!showing) this->combo.UserPick(index);
+        if (!showing) Guarded([&] { this->combo.UserPick(index); });
     });
     if (widget.isEditable())
-        connect(widget.lineEdit(), &QLineEdit::textEdited, this,
-                [this](const QString& text) { this->combo.UserType(FromQString(text)); });
+        connect(widget.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
+            Guarded([&] { this->combo.UserType(FromQString(text)); });
+        });
     BindCommonProperties(combo, widget);
 }
 

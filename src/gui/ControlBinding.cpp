@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include "platform/Dialogs.h"
+
 Qt::CursorShape CursorShapeOf(TCursor cursor) {
     switch (cursor) {
     case crHourGlass:
@@ -14,6 +16,10 @@ Qt::CursorShape CursorShapeOf(TCursor cursor) {
     default:
         return Qt::ArrowCursor;
     }
+}
+
+void ShowUncaughtException(const char* message) {
+    if (Dialogs) Dialogs->ShowException(message);
 }
 
 void BindCommonProperties(TControl& control, QWidget& widget, bool width) {

@@ -5,10 +5,26 @@
 #include <Qt>
 
 #include "controls/Control.h"
+#include "foundation/Exceptions.h"
 
 class QWidget;
 
 Qt::CursorShape CursorShapeOf(TCursor cursor);
+
+void ShowUncaughtException(const char* message);
+
+// Runs a person's action on the models. An exception that no handler caught
+// is shown in the application's exception box and the program goes on: it
+// must not unwind through Qt's event loop.
+template <typename Action> void Guarded(Action&& action) {
+    try {
+        action();
+    } catch (const Exception& e) {
+        ShowUncaughtException(e.what());
+    } catch (...) {
+        ShowUncaughtException("");
+    }
+}
 // Keeps widget's enabled state, visibility and cursor in step with control.
 // width: also follow the control's width (for controls the window sizes).
 void BindCommonProperties(TControl& control, QWidget& widget, bool width = false);

@@ -1,4 +1,5 @@
 #include "gui/InboxWindow.h"
+#include "gui/ControlBinding.h"
 
 #include <QCloseEvent>
 #include <QTimer>
@@ -96,7 +97,7 @@ void TInboxWindow::showEvent(QShowEvent* event) {
     if (activatedOnce) return;
     activatedOnce = true;
     QTimer::singleShot(0, this, [this] {
-        form.FormActivate();
+        Guarded([this] { form.FormActivate(); });
         emit activated();
     });
 }

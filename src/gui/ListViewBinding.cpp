@@ -20,9 +20,9 @@ TListViewBinding::TListViewBinding(TListView& list, QTreeView& view) : model(lis
     for (std::size_t i = 0; i < list.Columns.size(); ++i)
         view.setColumnWidth(static_cast<int>(i), list.Columns[i].Width);
     connect(view.header(), &QHeaderView::sectionClicked, this,
-            [&list](int column) { list.ColumnClick(column); });
+            [&list](int column) { Guarded([&] { list.ColumnClick(column); }); });
     connect(&view, &QTreeView::doubleClicked, this,
-            [&list](const QModelIndex&) { list.DblClick(); });
+            [&list](const QModelIndex&) { Guarded([&] { list.DblClick(); }); });
     connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { ViewSelectionChanged(); });
     connect(&model, &TListViewModel::selectionChangedInModel, this,

@@ -69,5 +69,5 @@ void TPanelButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked =
         mouseDown && event->button() == Qt::LeftButton && rect().contains(event->pos());
     mouseDown = false;
-    if (clicked) button.Click();
+    if (clicked) Guarded([this] { button.Click(); });
 }

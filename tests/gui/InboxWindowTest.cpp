@@ -166,6 +166,15 @@ TEST_F(GuiWindow, ChoosingAFilterTypeOffersItsTexts) {
     EXPECT_EQ(text->itemText(0), "alice");
 }
 
+TEST_F(GuiWindow, AnUncaughtErrorShowsTheExceptionBoxAndTheWindowGoesOn) {
+    form->LMDpfHelp.OnClick = [] { throw EStringListError("List index out of bounds"); };
+    QTest::mouseClick(&Button("LMDpfHelp"), Qt::LeftButton);
+    ASSERT_FALSE(dialogs.Transcript().empty());
+    EXPECT_EQ(dialogs.Transcript().back(), "exception: List index out of bounds");
+    QTest::mouseClick(&Button("LMDpfRefresh"), Qt::LeftButton);
+    EXPECT_EQ(Status(), "3 Messages");
+}
+
 TEST(GuiModel, PassesTheItemModelTesterThroughAScan) {
     TForm form{"Form"};
     TListView list{&form, "lvEmailList"};

@@ -1,6 +1,9 @@
 #include "settings/Globals.h"
 
+#include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "foundation/FileDescriptor.h"
@@ -75,10 +78,16 @@ void TGlobals::InitFolders() {
     Application->HelpFile = helpPath;
 }
 
+// The suite's programs lock Config.cfg while they write it; a record that is
+// being written counts as not readable. Only a plain file is read, so a pipe
+// or a device of that name can neither block the start nor feed it.
 bool TGlobals::LoadConfig() {
     const AnsiString path = Utils->AddBackslash(DataFolder) + "Config.cfg";
-    TFileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    TFileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!file.IsOpen()) return false;
+    struct stat st {};
+    if (::fstat(file.Get(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
+    if (::flock(file.Get(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
     std::size_t got = 0;
     while (got < ConfigRecord::size) {
         const ssize_t n = ::read(file.Get(), Config.Bytes.data() + got, ConfigRecord::size - got);

@@ -1,4 +1,11 @@
+#include <fcntl.h>
+#include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include "foundation/FileDescriptor.h"
 
 #include "controls/PopupMenu.h"
 #include "settings/Globals.h"
@@ -88,6 +95,41 @@ TEST_F(GlobalsFixture, MissingOrEmptyConfig) {
     EXPECT_TRUE(globals.LoadConfig()) << "an empty file counts as read";
     EXPECT_EQ(globals.Config.MailClient(), "");
     EXPECT_EQ(globals.RejectedFolder, "Rejected Mail");
+}
+
+// Whatever stands in the way of a read leaves the record of the last load.
+TEST_F(GlobalsFixture, AnUnreadableConfigKeepsWhatTheLastLoadGave) {
+    const std::string path = folder / "data/Quillpost Users/Config.cfg";
+    const std::vector<std::pair<const char*, std::function<TFileDescriptor()>>> obstacles = {
+        {"missing", [] { return TFileDescriptor(); }},
+        {"a folder",
+         [&] {
+             std::filesystem::create_directory(path);
+             return TFileDescriptor();
+         }},
+        {"a pipe with no writer",
+         [&] {
+             ::mkfifo(path.c_str(), 0600);
+             return TFileDescriptor();
+         }},
+        {"locked by a writer",
+         [&] {
+             WriteConfig(std::string(1024, 'w'));
+             TFileDescriptor writer(::open(path.c_str(), O_RDWR | O_CLOEXEC));
+             ::flock(writer.Get(), LOCK_EX);
+             return writer;
+         }},
+    };
+    for (const auto& [what, makeObstacle] : obstacles) {
+        WriteConfig(MakeRecord(1024));
+        ASSERT_TRUE(globals.LoadConfig());
+        std::filesystem::remove(path);
+        const TFileDescriptor held = makeObstacle();
+        EXPECT_FALSE(globals.LoadConfig()) << what;
+        EXPECT_EQ(globals.Config.MailClient(), "Mail Client") << what;
+        EXPECT_EQ(globals.RejectedFolder, "/srv/quillpost/shared/Rejected Mail") << what;
+        std::filesystem::remove_all(path);
+    }
 }
 
 TEST(GlobalsHelp, HelpFileBesideTheProgramOrBesideItsFolder) {

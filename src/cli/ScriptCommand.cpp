@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "cli/CliCommand.h"
+#include "cli/CliSession.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
 #include "platform/linux/DesktopMailClients.h"
@@ -23,15 +24,11 @@ bool ReadScript(const std::string& name, std::string& text) {
     return ReadWholeFile(name.c_str(), text);
 }
 
-// The desktop program beside this one: its hand-off file, log and help.
-AnsiString DesktopProgramPath() {
-    const AnsiString self = OwnProgramPath();
-    return self.SubString(1, self.LastDelimiter("/")) + "vellumdesk";
-}
-
-int RunScript(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: vellumdesk-cli script FILE|-\n");
+int RunScript(const std::vector<std::string>& arguments) {
+    std::vector<std::string> args = arguments;
+    AnsiString program;
+    if (!TakeProgramOption(args, program) || args.size() != 1) {
+        std::fprintf(stderr, "usage: vellumdesk-cli script [--program PATH] FILE|-\n");
         return 2;
     }
     std::string text;
@@ -46,10 +43,10 @@ int RunScript(const std::vector<std::string>& args) {
         return 2;
     }
     TLinuxShell shell;
-    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout);
+    TScriptSession session(shell, CreateDesktopRegistry, program, stdout);
     return session.Run(commands, stderr);
 }
 
-const TCliCommand scriptCommand("script", "FILE|-", RunScript);
+const TCliCommand scriptCommand("script", "[--program PATH] FILE|-", RunScript);
 
 } // namespace

@@ -9,6 +9,9 @@
 #include <string>
 
 #include "gui/ModalDialog.h"
+#include <QList>
+#include <QPointer>
+#include <QWidget>
 
 #include "platform/Application.h"
 
@@ -21,6 +24,9 @@ public:
     std::uint32_t GetTickCount() const override;
     void Post(std::function<void()> event) override;
     TPoint CursorPos() const override;
+    void NormalizeAllTopMosts() override;
+    void RestoreTopMosts() override;
+    void BringToFront() override;
 
     // Builds the screen of a modal form, by the form's name.
     using TModalViewFactory = std::function<std::unique_ptr<TModalDialog>(TForm& form)>;
@@ -30,6 +36,8 @@ public:
     void RunModal(TForm& form) override;
 
 private:
+    // The windows NormalizeAllTopMosts took off the top, to give it back.
+    QList<QPointer<QWidget>> normalized;
     QElapsedTimer clock;
     bool terminated = false;
     std::map<std::string, TModalViewFactory> views;

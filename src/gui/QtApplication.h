@@ -3,16 +3,15 @@
 // that yields lets the window paint and the user click.
 
 #include <QElapsedTimer>
+#include <QList>
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 
 #include "gui/ModalDialog.h"
-#include <QList>
-#include <QPointer>
-#include <QWidget>
-
 #include "platform/Application.h"
 
 class TQtApplication : public TApplication {

@@ -1,5 +1,7 @@
 #include "cli/CliSession.h"
 
+#include <algorithm>
+
 #include "platform/ProgramPath.h"
 #include "platform/linux/LinuxShell.h"
 
@@ -26,9 +28,10 @@ AnsiString DesktopProgramPath() {
 
 bool TakeProgramOption(std::vector<std::string>& args, AnsiString& program) {
     program = DesktopProgramPath();
-    if (args.empty() || args[0] != "--program") return true;
-    if (args.size() < 2 || args[1].empty()) return false;
-    program = AnsiString(args[1]);
-    args.erase(args.begin(), args.begin() + 2);
+    const auto option = std::find(args.begin(), args.end(), "--program");
+    if (option == args.end()) return true;
+    if (option + 1 == args.end() || option[1].empty()) return false;
+    program = AnsiString(option[1]);
+    args.erase(option, option + 2);
     return true;
 }

@@ -15,7 +15,7 @@
 // extensions are the ones a session of the window logic uses.
 AnsiString DesktopProgramPath();
 
-// "--program PATH" in front of a command's arguments: the session runs as the
+// "--program PATH" among a command's arguments: the session runs as the
 // desktop program at PATH would. Removes the two words; false if PATH is missing.
 bool TakeProgramOption(std::vector<std::string>& args, AnsiString& program);
 

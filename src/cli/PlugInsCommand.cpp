@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliSession.h"
 #include "plugins/PlugIns.h"
 #include "script/FieldEscape.h"
@@ -25,10 +26,7 @@ void PrintList(const char* name, const TStringList& list) {
 int RunPlugIns(const std::vector<std::string>& arguments) {
     std::vector<std::string> args = arguments;
     AnsiString program;
-    if (!TakeProgramOption(args, program) || !args.empty()) {
-        std::fprintf(stderr, "usage: vellumdesk-cli plugins [--program PATH]\n");
-        return 2;
-    }
+    if (!TakeProgramOption(args, program) || !args.empty()) return CliUsageError("plugins");
     TCliSession session;
     session.App().ExeName = program;
     TGlobals globals;
@@ -43,6 +41,6 @@ int RunPlugIns(const std::vector<std::string>& arguments) {
     return 0;
 }
 
-const TCliCommand plugInsCommand("plugins", "[--program PATH]", RunPlugIns);
+const TCliCommand plugInsCommand("plugins", RunPlugIns);
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliSession.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
@@ -27,10 +28,7 @@ bool ReadScript(const std::string& name, std::string& text) {
 int RunScript(const std::vector<std::string>& arguments) {
     std::vector<std::string> args = arguments;
     AnsiString program;
-    if (!TakeProgramOption(args, program) || args.size() != 1) {
-        std::fprintf(stderr, "usage: vellumdesk-cli script [--program PATH] FILE|-\n");
-        return 2;
-    }
+    if (!TakeProgramOption(args, program) || args.size() != 1) return CliUsageError("script");
     std::string text;
     if (!ReadScript(args[0], text)) {
         std::fprintf(stderr, "script: cannot read %s\n", args[0].c_str());
@@ -47,6 +45,6 @@ int RunScript(const std::vector<std::string>& arguments) {
     return session.Run(commands, stderr);
 }
 
-const TCliCommand scriptCommand("script", "[--program PATH] FILE|-", RunScript);
+const TCliCommand scriptCommand("script", RunScript);
 
 } // namespace

@@ -61,7 +61,8 @@ void TGlobals::FillMailClients() {
 }
 
 // The data folder is the XDG data home + "Quillpost Users". The help folder
-// lies beside the program or beside the program's folder.
+// lies beside the program or beside the program's folder; an installed
+// program, in <prefix>/bin, finds it in <prefix>/share/vellumdesk.
 void TGlobals::InitFolders() {
     DataFolder = Utils->AddBackslash(Utils->GetSpecialFolder(26)) + "Quillpost Users";
     if (OsMajorVersion < 5) {
@@ -80,6 +81,8 @@ void TGlobals::InitFolders() {
         const AnsiString above =
             Utils->ParentPath(Utils->ParentPath(appFolder, separators), separators);
         helpPath = Utils->AddBackslash(above) + helpName;
+        const AnsiString installed = Utils->AddBackslash(above) + "share/vellumdesk/" + helpName;
+        if (!Utils->FileExists(helpPath) && Utils->FileExists(installed)) helpPath = installed;
     }
     Application->HelpFile = helpPath;
 }

@@ -293,12 +293,39 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
         const char* name;
         std::string manifest;
         bool started, logged;
+        bool stayOnTop;
+        std::vector<std::string> windowOrder;
     } const cases[] = {
-        {"no such id", "caption=Viewer\nmenuid=Other\nexecutable=help/viewer\n", false, false},
-        {"runs", "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n", true, true},
+        {"no such id",
+         "caption=Viewer\nmenuid=Other\nexecutable=help/viewer\n",
+         false,
+         false,
+         false,
+         {}},
+        {"runs",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n",
+         true,
+         true,
+         false,
+         {"NormalizeAllTopMosts", "BringToFront"}},
+        {"stays on top again",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n",
+         true,
+         true,
+         true,
+         {"NormalizeAllTopMosts", "BringToFront", "RestoreTopMosts"}},
         {"unknown action still logs",
-         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\nexecute=print\n", false, true},
-        {"no program file", "caption=Viewer\nmenuid=SystemHelp\nexecutable=gone\n", false, false},
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\nexecute=print\n",
+         false,
+         true,
+         true,
+         {"NormalizeAllTopMosts"}},
+        {"no program file",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=gone\n",
+         false,
+         false,
+         true,
+         {}},
     };
     for (const TCase& c : cases) {
         SCOPED_TRACE(c.name);
@@ -308,6 +335,7 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
         TGlobals globals;
         Globals = &globals;
         globals.InitFolders();
+        globals.Config.Bytes[ConfigRecord::stayOnTop] = c.stayOnTop ? 1 : 0;
         globals.RunSystemHelp();
         Globals = nullptr;
         EXPECT_EQ(PathExists(run.record), c.started);
@@ -316,6 +344,7 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
                                     : std::string();
         EXPECT_EQ(log.find(" - SystemHelp\r\n") != std::string::npos, c.logged) << log;
         EXPECT_EQ(PlugIns->ParamList.Count(), 0);
+        EXPECT_EQ(run.scope.App().WindowOrderCalls, c.windowOrder);
     }
 }
 

@@ -34,9 +34,6 @@ public:
     void AppMessage(const TApplication::TMessage& message, bool& handled);
     bool AppHelp(int command, long data, bool& callHelp);
     void ShowContextHelp(int id);
-    // What every window's Help button does.
-    void RunSystemHelp();
-
     // What every window's Help button runs: the suite's help extension.
     void RunSystemHelp();
 

@@ -1,5 +1,7 @@
 # Thin wrapper over CMake. `make test` builds and runs every test, twice: a
 # normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer.
+# `make install PREFIX=...` and `make package` install the program or make
+# its Debian package.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build

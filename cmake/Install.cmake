@@ -26,9 +26,10 @@ set(CPACK_PACKAGE_VENDOR "Quillpost")
 set(CPACK_PACKAGE_CONTACT "Vellumdesk developers <vellumdesk@quillpost.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "saved-message manager of the Quillpost mail-alert suite")
 set(CPACK_PACKAGE_DESCRIPTION
-  "Vellumdesk lists the saved messages of one mailbox folder in seven columns, sorts and\n\
-filters that list, switches between mailboxes, deletes messages and opens a message\n\
-in the user's own mail client. vellumdesk-cli runs the same core from scripts.")
+  "Vellumdesk lists the saved messages of one mailbox folder in seven columns,\n\
+sorts and filters that list, switches between mailboxes, deletes messages and\n\
+opens a message in the user's own mail client. vellumdesk-cli runs the same\n\
+core from scripts.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <regex>
+#include <sstream>
 
 #include "cli/CliUsage.h"
 #include "support/ChildProcess.h"
@@ -109,6 +110,19 @@ TEST(CliUsage, EveryListedCommandExplainsEachOption) {
                 << name << " " << option.Name;
     }
     EXPECT_GE(listed, 6) << all;
+}
+
+// A command without an entry in the usage table would be listed bare, and be
+// missing from the manual page and the completion.
+TEST(CliUsage, EveryListedCommandHasAnEntryInTheTable) {
+    std::istringstream lines(Cli({"--help"}).out);
+    std::vector<std::string> names;
+    for (std::string line; std::getline(lines, line);)
+        if (line.size() > 2 && line.starts_with("  ") && line[2] != ' ')
+            names.push_back(line.substr(2, line.find(' ', 2) - 2));
+    EXPECT_GE(names.size(), 6u);
+    for (const std::string& name : names)
+        EXPECT_NE(FindCliUsage(name), nullptr) << name;
 }
 
 } // namespace

@@ -66,7 +66,7 @@ TEST(DocsLinks, TheReferenceFinderSeesEveryForm) {
         {"see [the design](docs/ARCHITECTURE.md#layers).", {"docs/ARCHITECTURE.md#layers"}},
         {"[a](x.md \"title\") and [b](https://example.org/)", {"x.md", "https://example.org/"}},
         {"intro\n[ref]: ../outside/thing.md\n", {"../outside/thing.md"}},
-        {"run `../shared/tool` or `make test`", {"../shared/tool"}},
+        {"run `../elsewhere/tool` or `make test`", {"../elsewhere/tool"}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(References(c.text), c.found) << c.text;

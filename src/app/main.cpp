@@ -19,6 +19,7 @@
 #include "platform/Dialogs.h"
 #include "platform/ProgramPath.h"
 #include "platform/Shell.h"
+#include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 
@@ -58,6 +59,7 @@ int main(int argc, char** argv) {
         desktop.shell = std::make_unique<TLinuxShell>();
         Shell = desktop.shell.get();
         CreateRegistry = CreateDesktopRegistry;
+        CreateSmtpClient = CreateCurlSmtp;
     };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "cli/CliCommand.h"
+#include "platform/linux/CurlSmtp.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ const std::vector<const TCliCommand*>& CliCommands() {
 
 int main(int argc, char** argv) {
     if (argc < 2) return Usage();
+    CreateSmtpClient = CreateCurlSmtp;
     for (const TCliCommand* command : Registry())
         if (std::strcmp(command->Name, argv[1]) == 0)
             return command->Run(std::vector<std::string>(argv + 2, argv + argc));

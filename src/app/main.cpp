@@ -14,6 +14,7 @@
 #include "gui/InboxWindow.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/Dialogs.h"
@@ -54,6 +55,7 @@ int main(int argc, char** argv) {
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
         Application = desktop.application.get();
+        desktop.application->RegisterModalView("frmSendTo", TSendToDialog::Create);
         desktop.dialogs = std::make_unique<TQtDialogs>();
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();

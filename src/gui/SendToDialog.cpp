@@ -22,7 +22,7 @@ std::unique_ptr<TModalDialog> TSendToDialog::Create(TForm& form) {
 }
 
 void TSendToDialog::LayOutTitleBand() {
-    titleBand.setObjectName("LMDPanelFill2");
+    title.setObjectName("LMDPanelFill2");
     titleBand.setFrameShape(QFrame::StyledPanel);
     BindPanel(sendTo.LMDPanelFill2, title);
     QFont bold = title.font();
@@ -43,6 +43,9 @@ void TSendToDialog::LayOutButtons() {
     buttonRow.setContentsMargins(0, 2, 0, 0);
     buttonRow.setSpacing(4);
     filler.setObjectName("LMDpfLoad");
+    send.setObjectName("LMDpfSend");
+    help.setObjectName("LMDpfHelp");
+    cancel.setObjectName("LMDpfCancel");
     buttonRow.addWidget(&send);
     buttonRow.addWidget(&filler, 1);
     buttonRow.addWidget(&help);

@@ -1,5 +1,6 @@
 #include "platform/linux/CurlSmtp.h"
 
+#include <cstdlib>
 #include <curl/curl.h>
 #include <fstream>
 #include <iterator>
@@ -71,7 +72,10 @@ std::size_t OnWrite(char*, std::size_t size, std::size_t count, void*) {
 
 std::unique_ptr<TSmtpClient> CreateCurlSmtp() {
     static std::once_flag once;
-    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+    std::call_once(once, [] {
+        curl_global_init(CURL_GLOBAL_DEFAULT);
+        std::atexit(curl_global_cleanup);
+    });
     return std::make_unique<TCurlSmtp>();
 }
 

@@ -11,7 +11,7 @@
 namespace {
 
 class SMTPFuncTest : public TForwardingTest {
-protected:
+public:
     // Fills the message object as the forward dialog does and sends.
     bool Send(TSMTPFunc& smtp, const ConfigRecord& config, const std::string& file,
               const std::string& to, const std::vector<std::string>& note = {},
@@ -327,30 +327,25 @@ TEST_F(SMTPFuncTest, ReportCutsALongTextAt513Bytes) {
     EXPECT_EQ(std::string(smtp.Message).size(), 513u);
 }
 
-TEST_F(SMTPFuncTest, LevelWordOfOneShowsFailuresButNotProgress) {
-    std::uint16_t word = 1;
+// Every text the status control showed during a send to a refused recipient.
+std::vector<std::string> ShownDuringRefusedSend(SMTPFuncTest& test, std::uint16_t word) {
     TSMTPFunc smtp(&word);
     TPanel status(nullptr, "status");
     std::vector<std::string> shown;
     status.Subscribe(
         [&shown](TControl& control, TChange) { shown.push_back(control.Caption().str()); });
     smtp.StatusControl = &status;
-    const std::string host = "127.0.0.1:" + std::to_string(ClosedPort());
-    EXPECT_FALSE(Send(smtp, SmtpConfig(host), "From: a\n\nb\n", "bob@example.org"));
-    EXPECT_EQ(shown, (std::vector<std::string>{"Connection Failed"}));
+    EXPECT_FALSE(
+        test.Send(smtp, SmtpConfig(PlainServer().Host()), "From: a\n\nb\n", "refused@x.org"));
+    return shown;
+}
+
+TEST_F(SMTPFuncTest, LevelWordOfOneShowsFailuresButNotProgress) {
+    EXPECT_EQ(ShownDuringRefusedSend(*this, 1), (std::vector<std::string>{"SMTP Failure"}));
 }
 
 TEST_F(SMTPFuncTest, EventsReachTheStatusInTheOrderTheyHappened) {
-    std::uint16_t word = 4;
-    TSMTPFunc smtp(&word);
-    TPanel status(nullptr, "status");
-    std::vector<std::string> shown;
-    status.Subscribe(
-        [&shown](TControl& control, TChange) { shown.push_back(control.Caption().str()); });
-    smtp.StatusControl = &status;
-    ASSERT_TRUE(Send(smtp, SmtpConfig(PlainServer().Host()), "From: a\n\nb\n",
-                     "refused@x.org"
-                     "") == false);
+    const std::vector<std::string> shown = ShownDuringRefusedSend(*this, 4);
     const auto at = [&shown](const std::string& text) {
         return std::find(shown.begin(), shown.end(), text) - shown.begin();
     };

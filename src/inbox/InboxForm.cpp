@@ -54,6 +54,7 @@ void TInboxFrm::SetUpControls() {
     LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
     LMDpfSend.OnClick = [this] { LMDpfSendClick(); };
+    LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);

@@ -15,11 +15,13 @@
 #include "gui/InboxWindow.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/Dialogs.h"
 #include "platform/ProgramPath.h"
 #include "platform/Shell.h"
+#include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 
@@ -55,11 +57,13 @@ int main(int argc, char** argv) {
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
         Application = desktop.application.get();
+        desktop.application->RegisterModalView("frmSendTo", TSendToDialog::Create);
         desktop.dialogs = std::make_unique<TQtDialogs>();
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();
         Shell = desktop.shell.get();
         CreateRegistry = CreateDesktopRegistry;
+        CreateSmtpClient = CreateCurlSmtp;
     };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);

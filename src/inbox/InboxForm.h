@@ -61,6 +61,9 @@ public:
     void pmEmailersPopup();
     void EmailerMenuClick(TMenuItem& sender);
 
+    // --- Forwarding the selected message
+    void LMDpfSendClick();
+
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
     int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;

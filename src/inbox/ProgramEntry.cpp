@@ -1,5 +1,6 @@
 #include "inbox/ProgramEntry.h"
 
+#include "forwarding/SendToForm.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
@@ -21,6 +22,11 @@ int RunProgram(const TProgramParts& parts) {
         Application->Title = "Vellumdesk";
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TInboxFrm inboxFrm;
+        TfrmSendTo sendTo;
+        frmSendTo = &sendTo;
+        struct TClear {
+            ~TClear() { frmSendTo = nullptr; }
+        } clearSendTo;
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

@@ -1,0 +1,147 @@
+#include "search/HitRows.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "foundation/FileDescriptor.h"
+#include "search/LineBreaks.h"
+
+namespace {
+
+constexpr std::size_t blockSize = 1 << 20;
+constexpr std::size_t valueLength = 512;
+
+unsigned char LowerAscii(unsigned char b) {
+    return (b >= 'A' && b <= 'Z') ? static_cast<unsigned char>(b + 32) : b;
+}
+
+// A key is ASCII, and only ASCII bytes fold to ASCII, so comparing byte by
+// byte with ASCII folding is the comparison of the folded line.
+bool HoldsFolded(std::string_view text, std::string_view key) {
+    if (text.size() < key.size()) return false;
+    for (std::size_t i = 0; i + key.size() <= text.size(); ++i) {
+        std::size_t k = 0;
+        while (k < key.size() && LowerAscii(static_cast<unsigned char>(text[i + k])) ==
+                                     static_cast<unsigned char>(key[k]))
+            ++k;
+        if (k == key.size()) return true;
+    }
+    return false;
+}
+
+std::ptrdiff_t ReadSome(int fd, char* into, std::size_t size) {
+    for (;;) {
+        const ssize_t got = ::read(fd, into, size);
+        if (got >= 0 || errno != EINTR) return got;
+    }
+}
+
+} // namespace
+
+bool THitRows::Read(const char* path, const std::vector<std::int64_t>& wanted,
+                    const std::function<bool()>& yield, TFileValues& values) {
+    TFileDescriptor file(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    if (!file.IsOpen()) return false;
+    struct stat st {};
+    if (::fstat(file.Get(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
+    if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(blockSize);
+    keys = {{"date:", &values.date}, {"from:", &values.from}, {"subject:", &values.subject}};
+    looking = true;
+    index = 0;
+    const std::int64_t lastWanted = wanted.empty() ? -1 : wanted.back();
+    auto isWanted = [&](std::int64_t i) {
+        return std::binary_search(wanted.begin(), wanted.end(), i);
+    };
+    auto done = [&] {
+        const bool keysDone = !looking || std::all_of(keys.begin(), keys.end(),
+                                                      [](const TKey& k) { return k.found; });
+        return keysDone && index > lastWanted;
+    };
+    bool lineOpen = false, pendingCR = false, textEnds = false;
+    while (!textEnds) {
+        std::ptrdiff_t got = ReadSome(file.Get(), buffer.get(), blockSize);
+        if (got < 0) return false;
+        if (got == 0) break;
+        const char* data = buffer.get();
+        if (const void* nul = std::memchr(data, '\0', static_cast<std::size_t>(got))) {
+            got = static_cast<const char*>(nul) - data;
+            textEnds = true;
+        }
+        const auto size = static_cast<std::size_t>(got);
+        std::size_t p = 0;
+        if (pendingCR && size > 0 && data[0] == '\n') p = 1;
+        pendingCR = false;
+        while (p < size) {
+            if (!lineOpen) {
+                StartLine(isWanted(index), yield);
+                lineOpen = true;
+            }
+            const std::size_t q = p + linebreaks::FindBreak(data + p, size - p);
+            Feed(std::string_view(data + p, q - p));
+            if (q == size) break;
+            EndLine(values);
+            lineOpen = false;
+            if (done()) return true;
+            p = q + 1;
+            if (data[q] == '\r') {
+                if (p < size && data[p] == '\n')
+                    ++p;
+                else if (p == size)
+                    pendingCR = true;
+            }
+        }
+    }
+    if (lineOpen) EndLine(values);
+    return true;
+}
+
+void THitRows::StartLine(bool wanted, const std::function<bool()>& yield) {
+    wantedLine = wanted;
+    line.clear();
+    colonSeen = false;
+    afterColon.clear();
+    tail.clear();
+    inLine.assign(keys.size(), false);
+    const bool open = std::any_of(keys.begin(), keys.end(), [](const TKey& k) { return !k.found; });
+    if (looking && open && yield && !yield()) looking = false;
+}
+
+void THitRows::Feed(std::string_view piece) {
+    if (wantedLine) line.append(piece);
+    if (!colonSeen) {
+        const auto colon = piece.find(':');
+        if (colon != std::string_view::npos) {
+            colonSeen = true;
+            afterColon.assign(piece.substr(colon + 1, valueLength));
+        }
+    } else if (afterColon.size() < valueLength) {
+        afterColon.append(piece.substr(0, valueLength - afterColon.size()));
+    }
+    if (!looking) return;
+    for (std::size_t k = 0; k < keys.size(); ++k)
+        if (!keys[k].found && !inLine[k]) inLine[k] = LineHoldsKey(keys[k], piece);
+    // The last bytes stay for a key that a block boundary splits.
+    tail.append(piece.substr(piece.size() > 16 ? piece.size() - 16 : 0));
+    if (tail.size() > 16) tail.erase(0, tail.size() - 16);
+}
+
+bool THitRows::LineHoldsKey(TKey& key, std::string_view piece) {
+    if (HoldsFolded(piece, key.name)) return true;
+    if (tail.empty()) return false;
+    const std::string joined = tail + std::string(piece.substr(0, key.name.size() - 1));
+    return HoldsFolded(joined, key.name);
+}
+
+void THitRows::EndLine(TFileValues& values) {
+    for (std::size_t k = 0; k < keys.size(); ++k) {
+        if (keys[k].found || !inLine[k]) continue;
+        keys[k].found = true;
+        *keys[k].value = AnsiString(afterColon).Trim();
+    }
+    if (wantedLine) values.lines[index] = std::move(line);
+    ++index;
+}

@@ -15,22 +15,12 @@ namespace {
 constexpr std::size_t blockSize = 1 << 20;
 constexpr std::size_t valueLength = 512;
 
-unsigned char LowerAscii(unsigned char b) {
-    return (b >= 'A' && b <= 'Z') ? static_cast<unsigned char>(b + 32) : b;
-}
-
-// A key is ASCII, and only ASCII bytes fold to ASCII, so comparing byte by
-// byte with ASCII folding is the comparison of the folded line.
-bool HoldsFolded(std::string_view text, std::string_view key) {
-    if (text.size() < key.size()) return false;
-    for (std::size_t i = 0; i + key.size() <= text.size(); ++i) {
-        std::size_t k = 0;
-        while (k < key.size() && LowerAscii(static_cast<unsigned char>(text[i + k])) ==
-                                     static_cast<unsigned char>(key[k]))
-            ++k;
-        if (k == key.size()) return true;
-    }
-    return false;
+// A key is ASCII, and only ASCII bytes fold to ASCII, so the matcher needs
+// no bytes around a place to compare it.
+bool HoldsFolded(std::string_view text, const TSearchMatcher& key) {
+    if (text.size() < key.Size()) return false;
+    return key.Find(text.data(), text.data() + text.size(), 0, text.size() - key.Size() + 1) !=
+           std::string_view::npos;
 }
 
 std::ptrdiff_t ReadSome(int fd, char* into, std::size_t size) {
@@ -49,7 +39,10 @@ bool THitRows::Read(const char* path, const std::vector<std::int64_t>& wanted,
     struct stat st {};
     if (::fstat(file.Get(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
     if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(blockSize);
-    keys = {{"date:", &values.date}, {"from:", &values.from}, {"subject:", &values.subject}};
+    keys.clear();
+    for (const auto& [name, value] :
+         {std::pair{"date:", &values.date}, {"from:", &values.from}, {"subject:", &values.subject}})
+        keys.push_back({name, TSearchMatcher(name, false), value});
     looking = true;
     index = 0;
     const std::int64_t lastWanted = wanted.empty() ? -1 : wanted.back();
@@ -130,10 +123,10 @@ void THitRows::Feed(std::string_view piece) {
 }
 
 bool THitRows::LineHoldsKey(TKey& key, std::string_view piece) {
-    if (HoldsFolded(piece, key.name)) return true;
+    if (HoldsFolded(piece, key.matcher)) return true;
     if (tail.empty()) return false;
     const std::string joined = tail + std::string(piece.substr(0, key.name.size() - 1));
-    return HoldsFolded(joined, key.name);
+    return HoldsFolded(joined, key.matcher);
 }
 
 void THitRows::EndLine(TFileValues& values) {

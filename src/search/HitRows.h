@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "foundation/AnsiString.h"
+#include "search/SearchMatcher.h"
 
 class THitRows {
 public:
@@ -32,6 +33,7 @@ public:
 private:
     struct TKey {
         std::string name; // lower case
+        TSearchMatcher matcher;
         AnsiString* value;
         bool found = false;
     };

@@ -34,6 +34,9 @@ public:
     bool AppHelp(int command, long data, bool& callHelp);
     void ShowContextHelp(int id);
 
+    // What every window's Help button runs: the suite's help extension.
+    void RunSystemHelp();
+
     AnsiString DataFolder;
     AnsiString RejectedFolder;
     TStringList ExtensionIds;

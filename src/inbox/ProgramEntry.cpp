@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -21,6 +22,8 @@ int RunProgram(const TProgramParts& parts) {
         Application->Title = "Vellumdesk";
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TInboxFrm inboxFrm;
+        TfrmMailSearch mailSearch;
+        const TMailSearchGlobal mailSearchGlobal(mailSearch);
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

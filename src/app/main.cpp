@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "gui/InboxWindow.h"
+#include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
 #include "inbox/InboxForm.h"
@@ -21,6 +22,7 @@
 #include "platform/Shell.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -52,6 +54,9 @@ int main(int argc, char** argv) {
         QApplication::setApplicationName("Vellumdesk");
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
+        desktop.application->RegisterModalView("frmMailSearch", [](TForm& form) {
+            return std::make_unique<TMailSearchDialog>(static_cast<TfrmMailSearch&>(form));
+        });
         Application = desktop.application.get();
         desktop.dialogs = std::make_unique<TQtDialogs>();
         Dialogs = desktop.dialogs.get();

@@ -82,7 +82,12 @@ int RunSearch(const std::vector<std::string>& args) {
         inbox.Mailboxes.LoadFromFile(Utils->AddBackslash(Globals->DataFolder) + "IconMailbox.ini");
     } catch (const Exception&) {
     }
-    OpenMailbox(inbox, options.mailbox);
+    // Only the listed scope reads the list; the others search the folders and
+    // are spared the scan.
+    if (options.where == 0)
+        OpenMailbox(inbox, options.mailbox);
+    else
+        inbox.MailboxFolder = AnsiString(options.mailbox.folder);
     window.OnSearch = [&inbox](AnsiString text, bool caseSensitive, bool wholeWord,
                                unsigned short where) {
         return inbox.SearchMessages(std::move(text), caseSensitive, wholeWord, where);

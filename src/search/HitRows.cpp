@@ -55,11 +55,15 @@ bool THitRows::Read(const char* path, const std::vector<std::int64_t>& wanted,
         return keysDone && index > lastWanted;
     };
     bool lineOpen = false, pendingCR = false, textEnds = false;
+    std::uint64_t blockStart = 0; // offset of the block in the file
+    spans.clear();
     while (!textEnds) {
         std::ptrdiff_t got = ReadSome(file.Get(), buffer.get(), blockSize);
         if (got < 0) return false;
         if (got == 0) break;
         const char* data = buffer.get();
+        const std::uint64_t offset = blockStart;
+        blockStart += static_cast<std::uint64_t>(got);
         if (const void* nul = std::memchr(data, '\0', static_cast<std::size_t>(got))) {
             got = static_cast<const char*>(nul) - data;
             textEnds = true;
@@ -70,15 +74,15 @@ bool THitRows::Read(const char* path, const std::vector<std::int64_t>& wanted,
         pendingCR = false;
         while (p < size) {
             if (!lineOpen) {
-                StartLine(isWanted(index), yield);
+                StartLine(isWanted(index), offset + p, yield);
                 lineOpen = true;
             }
             const std::size_t q = p + linebreaks::FindBreak(data + p, size - p);
             Feed(std::string_view(data + p, q - p));
             if (q == size) break;
-            EndLine(values);
+            EndLine();
             lineOpen = false;
-            if (done()) return true;
+            if (done()) return ReadSpans(file.Get(), values);
             p = q + 1;
             if (data[q] == '\r') {
                 if (p < size && data[p] == '\n')
@@ -88,13 +92,34 @@ bool THitRows::Read(const char* path, const std::vector<std::int64_t>& wanted,
             }
         }
     }
-    if (lineOpen) EndLine(values);
+    if (lineOpen) EndLine();
+    return ReadSpans(file.Get(), values);
+}
+
+// The wanted lines are read once their lengths are known, each into a text
+// of exactly its size: a long line is held once, never grown by doubling.
+bool THitRows::ReadSpans(int fd, TFileValues& values) {
+    for (const auto& [lineIndex, span] : spans) {
+        std::string text(span.length, '\0');
+        std::size_t done = 0;
+        while (done < text.size()) {
+            const ssize_t got = ::pread(fd, text.data() + done, text.size() - done,
+                                        static_cast<off_t>(span.start + done));
+            if (got < 0 && errno == EINTR) continue;
+            if (got < 0) return false;
+            if (got == 0) break;
+            done += static_cast<std::size_t>(got);
+        }
+        text.resize(done);
+        values.lines[lineIndex] = std::move(text);
+    }
     return true;
 }
 
-void THitRows::StartLine(bool wanted, const std::function<bool()>& yield) {
+void THitRows::StartLine(bool wanted, std::uint64_t start, const std::function<bool()>& yield) {
     wantedLine = wanted;
-    line.clear();
+    lineStart = start;
+    lineLength = 0;
     colonSeen = false;
     afterColon.clear();
     tail.clear();
@@ -104,7 +129,7 @@ void THitRows::StartLine(bool wanted, const std::function<bool()>& yield) {
 }
 
 void THitRows::Feed(std::string_view piece) {
-    if (wantedLine) line.append(piece);
+    lineLength += piece.size();
     if (!colonSeen) {
         const auto colon = piece.find(':');
         if (colon != std::string_view::npos) {
@@ -129,12 +154,12 @@ bool THitRows::LineHoldsKey(TKey& key, std::string_view piece) {
     return HoldsFolded(joined, key.matcher);
 }
 
-void THitRows::EndLine(TFileValues& values) {
+void THitRows::EndLine() {
     for (std::size_t k = 0; k < keys.size(); ++k) {
         if (keys[k].found || !inLine[k]) continue;
         keys[k].found = true;
         *keys[k].value = AnsiString(afterColon).Trim();
     }
-    if (wantedLine) values.lines[index] = std::move(line);
+    if (wantedLine) spans[index] = {lineStart, lineLength};
     ++index;
 }

@@ -4,7 +4,7 @@
 // lookup finds them (the first line that holds the key anywhere, ignoring
 // case; the text behind the line's first ":", at most 512 bytes, trimmed; one
 // blank for a key found nowhere). The file is read once, block by block, so
-// only the wanted lines are held, however large the file.
+// only the wanted lines are held, each once, however large the file.
 
 #include <cstdint>
 #include <functional>
@@ -37,9 +37,10 @@ private:
         AnsiString* value;
         bool found = false;
     };
-    void StartLine(bool wanted, const std::function<bool()>& yield);
+    void StartLine(bool wanted, std::uint64_t start, const std::function<bool()>& yield);
+    bool ReadSpans(int fd, TFileValues& values);
     void Feed(std::string_view piece);
-    void EndLine(TFileValues& values);
+    void EndLine();
     bool LineHoldsKey(TKey& key, std::string_view piece);
 
     std::unique_ptr<char[]> buffer;
@@ -48,9 +49,15 @@ private:
     // The line being read.
     std::int64_t index = 0;
     bool wantedLine = false;
-    std::string line;         // the line, when wanted
-    bool colonSeen = false;   // its first ":" has passed
-    std::string afterColon;   // up to 512 bytes behind it
-    std::string tail;         // its last bytes, for a key split between blocks
-    std::vector<bool> inLine; // which keys this line holds
+    std::uint64_t lineStart = 0; // its offset in the file
+    std::size_t lineLength = 0;
+    struct TSpan {
+        std::uint64_t start;
+        std::size_t length;
+    };
+    std::map<std::int64_t, TSpan> spans; // the wanted lines met so far
+    bool colonSeen = false;              // its first ":" has passed
+    std::string afterColon;              // up to 512 bytes behind it
+    std::string tail;                    // its last bytes, for a key split between blocks
+    std::vector<bool> inLine;            // which keys this line holds
 };

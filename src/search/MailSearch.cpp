@@ -162,11 +162,14 @@ void TfrmMailSearch::AddFileRows(int first, int last, const AnsiString& path) {
     };
     THitRows::TFileValues values;
     if (!hitRows.Read(path.c_str(), wanted, yield, values) || generation != mine) return;
-    for (const std::int64_t index : indexes) {
-        const auto line = values.lines.find(index);
-        if (index < 0 || line == values.lines.end()) continue;
+    for (std::size_t k = 0; k < indexes.size(); ++k) {
+        const auto line = values.lines.find(indexes[k]);
+        if (indexes[k] < 0 || line == values.lines.end()) continue;
         TListItem& row = lvSrchResult.Add();
-        row.Caption = AnsiString(line->second);
+        // The last row of a line takes its text; a long line is never copied.
+        const bool lastUse = std::find(indexes.begin() + static_cast<std::ptrdiff_t>(k) + 1,
+                                       indexes.end(), indexes[k]) == indexes.end();
+        row.Caption = lastUse ? AnsiString(std::move(line->second)) : AnsiString(line->second);
         row.SubItems = {values.date, values.from, values.subject, path};
     }
 }

@@ -13,6 +13,7 @@
 
 #include "app/CommandLine.h"
 #include "gui/InboxWindow.h"
+#include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
 #include "gui/SendToDialog.h"
@@ -24,6 +25,7 @@
 #include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -56,6 +58,9 @@ int main(int argc, char** argv) {
         QApplication::setApplicationName("Vellumdesk");
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
+        desktop.application->RegisterModalView("frmMailSearch", [](TForm& form) {
+            return std::make_unique<TMailSearchDialog>(static_cast<TfrmMailSearch&>(form));
+        });
         Application = desktop.application.get();
         desktop.application->RegisterModalView("frmSendTo", TSendToDialog::Create);
         desktop.dialogs = std::make_unique<TQtDialogs>();

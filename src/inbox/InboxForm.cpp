@@ -55,6 +55,7 @@ void TInboxFrm::SetUpControls() {
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
     LMDpfSend.OnClick = [this] { LMDpfSendClick(); };
     LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
+    LMDpfSearch.OnClick = [this] { LMDpfSearchClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);

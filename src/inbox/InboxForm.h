@@ -4,6 +4,8 @@
 // here runs against control models; the screen binds to them from outside.
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "controls/ComboBox.h"
 #include "controls/Form.h"
@@ -63,6 +65,14 @@ public:
 
     // --- Forwarding the selected message
     void LMDpfSendClick();
+    // --- The text search
+    bool SearchMessages(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where);
+    // The file paths of a search scope, in search order; false if none was gathered.
+    bool GatherSearchPaths(unsigned short where, std::vector<std::string>& paths) const;
+    // What SearchMessages adds to the search window's hits, into any list.
+    void AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where,
+                          TStringList& hits) const;
+    void LMDpfSearchClick();
 
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);

@@ -5,6 +5,7 @@
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -27,6 +28,8 @@ int RunProgram(const TProgramParts& parts) {
         struct TClear {
             ~TClear() { frmSendTo = nullptr; }
         } clearSendTo;
+        TfrmMailSearch mailSearch;
+        const TMailSearchGlobal mailSearchGlobal(mailSearch);
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

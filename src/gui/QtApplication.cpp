@@ -29,3 +29,17 @@ TPoint TQtApplication::CursorPos() const {
     const QPoint at = QCursor::pos();
     return {at.x(), at.y()};
 }
+
+void TQtApplication::RegisterModalView(const std::string& formName, TModalViewFactory factory) {
+    views[formName] = std::move(factory);
+}
+
+void TQtApplication::RunModal(TForm& form) {
+    const auto found = views.find(form.Name());
+    if (found == views.end()) {
+        form.WindowClose();
+        return;
+    }
+    const std::unique_ptr<TModalDialog> dialog = found->second(form);
+    if (form.Visible() && !terminated) dialog->exec();
+}

@@ -3,6 +3,12 @@
 // that yields lets the window paint and the user click.
 
 #include <QElapsedTimer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "gui/ModalDialog.h"
 
 #include "platform/Application.h"
 
@@ -16,7 +22,15 @@ public:
     void Post(std::function<void()> event) override;
     TPoint CursorPos() const override;
 
+    // Builds the screen of a modal form, by the form's name.
+    using TModalViewFactory = std::function<std::unique_ptr<TModalDialog>(TForm& form)>;
+    void RegisterModalView(const std::string& formName, TModalViewFactory factory);
+    // Shows the form's view until the form is hidden; a form without a view
+    // is closed at once, as by its title bar.
+    void RunModal(TForm& form) override;
+
 private:
     QElapsedTimer clock;
     bool terminated = false;
+    std::map<std::string, TModalViewFactory> views;
 };

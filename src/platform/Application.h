@@ -8,11 +8,18 @@
 #include <functional>
 
 #include "controls/Cursor.h"
+#include "controls/Form.h"
 #include "foundation/AnsiString.h"
 
-class TApplication {
+class TApplication : public TModalHost {
 public:
-    virtual ~TApplication() = default;
+    // The newest application object runs the modal loops of shown forms.
+    TApplication() { TForm::ModalHost = this; }
+    ~TApplication() override {
+        if (TForm::ModalHost == this) TForm::ModalHost = nullptr;
+    }
+    // The modal form open on top, or null.
+    TForm* ModalForm() const { return TForm::TopModalForm(); }
 
     // Runs the events that are waiting, then returns.
     virtual void ProcessMessages() = 0;

@@ -17,6 +17,11 @@ public:
     std::uint32_t GetTickCount() const override;
     void Post(std::function<void()> event) override { queue.push_back(std::move(event)); }
 
+    // A modal loop: ModalLoop acts on the shown form (a test, a script) and
+    // closes it; without one the form is closed at once by its title bar.
+    void RunModal(TForm& form) override;
+    std::function<void(TForm&)> ModalLoop;
+
     int ProcessMessagesCalls() const { return passes; }
     bool HasPendingEvents() const { return !queue.empty(); }
 

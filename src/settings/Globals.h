@@ -48,6 +48,9 @@ public:
     void FillCombo(const AnsiString& current, TComboBox& combo, const TStringList& list);
     AnsiString AlertsPath() const;
 
+    // What every window's Help button runs: the suite's help extension.
+    void RunSystemHelp();
+
     AnsiString DataFolder;
     AnsiString RejectedFolder;
     TStringList ExtensionIds;

@@ -9,6 +9,7 @@
 #include "cli/CliCommand.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
+#include "platform/linux/CanberraSound.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 #include "script/ScriptSession.h"
@@ -46,7 +47,8 @@ int RunScript(const std::vector<std::string>& args) {
         return 2;
     }
     TLinuxShell shell;
-    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout);
+    TCanberraSound sound;
+    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout, &sound);
     return session.Run(commands, stderr);
 }
 

@@ -53,6 +53,7 @@ void TInboxFrm::SetUpControls() {
     LMDpfSubDelete.OnClick = [this] { LMDpfSubDeleteClick(); };
     LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
+    LMDpfRules.OnClick = [this] { LMDpfRulesClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);
@@ -95,6 +96,7 @@ void TInboxFrm::SetUpMenus() {
     pmsDeleteAllBut = &pmDelete.Items.Add(entry("All", [this] { pmsDeleteAllButClick(); }));
     pmsDeleteSelBut = &pmDelete.Items.Add(entry("Selected", [this] { pmsDeleteSelButClick(); }));
     pmEmailers.OnPopup = [this] { pmEmailersPopup(); };
+    SetUpRulesMenu();
 }
 
 // The busy lock of the window: a control with the hourglass refuses its press.

@@ -60,6 +60,13 @@ public:
     void pmEmailersPopup();
     void EmailerMenuClick(TMenuItem& sender);
 
+    // --- Rules for the selected message
+    void LMDpfRulesClick();
+    void pmsAddtoMasterPriorityListClick() { AddRuleForSelected(false, true); }
+    void pmsAddtoMailBoxPriorityListClick() { AddRuleForSelected(false, false); }
+    void pmsAddtoMasterRejectionListClick() { AddRuleForSelected(true, true); }
+    void pmsAddtoMailBoxRejectionListClick() { AddRuleForSelected(true, false); }
+
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
     int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;
@@ -110,6 +117,8 @@ public:
 
 private:
     void SetUpControls();
+    void SetUpRulesMenu();
+    void AddRuleForSelected(bool reject, bool master);
     void SetUpList();
     void SetUpMenus();
     void ScanAndSortByArrival();

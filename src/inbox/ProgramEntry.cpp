@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
+#include "rules/FilterCriteria.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ int RunProgram(const TProgramParts& parts) {
         Application->Title = "Vellumdesk";
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TInboxFrm inboxFrm;
+        TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

@@ -3,6 +3,9 @@
 #include "foundation/FileLock.h"
 #include "foundation/ListFile.h"
 #include "foundation/Utils.h"
+#include "rules/FilterCriteria.h"
+#include "rules/RuleLists.h"
+#include "rules/RuleRecord.h"
 #include "settings/Globals.h"
 
 // The lock is held from the load to the save, so a writer of the suite that
@@ -20,4 +23,22 @@ bool TGlobals::AppendRuleLine(const AnsiString& path, const AnsiString& line) {
     list.Add(line);
     list.SaveToFile(path);
     return true;
+}
+
+// The rule starts from the row's texts and the editor's defaults; only an
+// applied rule reaches the file. An added rule and a refused duplicate look
+// the same to the user.
+void TGlobals::AddRule(const AnsiString& from, const AnsiString& subject, bool reject, bool master,
+                       const AnsiString& mailboxFolder) {
+    if (!frmFilterCriteria) return;
+    const TRuleList& rules = FindRuleList(reject, master);
+    frmFilterCriteria->SetCaption(rules.Caption);
+    const AnsiString path = RuleListPath(rules, Config.SharedFolder(), mailboxFolder);
+    TStringList list;
+    for (int i = 0; i < RuleRecord::FieldCount; ++i)
+        list.Add("");
+    list.PutStrings(RuleRecord::Address, from);
+    list.PutStrings(RuleRecord::Subject, subject);
+    if (!frmFilterCriteria->EditRule(list)) return;
+    AppendRuleLine(path, Utils->FlattenRuleText(list.GetText()));
 }

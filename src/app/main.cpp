@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "gui/FilterCriteriaDialog.h"
 #include "gui/InboxWindow.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
@@ -19,6 +20,8 @@
 #include "platform/Dialogs.h"
 #include "platform/ProgramPath.h"
 #include "platform/Shell.h"
+#include "platform/Sound.h"
+#include "platform/linux/CanberraSound.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 
@@ -29,6 +32,7 @@ struct TDesktop {
     std::unique_ptr<TQtApplication> application;
     std::unique_ptr<TQtDialogs> dialogs;
     std::unique_ptr<TLinuxShell> shell;
+    std::unique_ptr<TCanberraSound> sound;
 };
 
 void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
@@ -57,6 +61,9 @@ int main(int argc, char** argv) {
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();
         Shell = desktop.shell.get();
+        desktop.sound = std::make_unique<TCanberraSound>();
+        Sound = desktop.sound.get();
+        desktop.application->RegisterModalView("frmFilterCriteria", MakeFilterCriteriaDialog);
         CreateRegistry = CreateDesktopRegistry;
     };
     parts.run = [&](TInboxFrm& inbox) {
@@ -72,6 +79,7 @@ int main(int argc, char** argv) {
     };
     const int code = RunProgram(parts);
     Dialogs = nullptr;
+    Sound = nullptr;
     Shell = nullptr;
     Application = nullptr;
     return code;

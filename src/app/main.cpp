@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "app/CommandLine.h"
+#include "gui/FilterCriteriaDialog.h"
 #include "gui/InboxWindow.h"
 #include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
@@ -22,6 +23,8 @@
 #include "platform/Dialogs.h"
 #include "platform/ProgramPath.h"
 #include "platform/Shell.h"
+#include "platform/Sound.h"
+#include "platform/linux/CanberraSound.h"
 #include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
@@ -34,6 +37,7 @@ struct TDesktop {
     std::unique_ptr<TQtApplication> application;
     std::unique_ptr<TQtDialogs> dialogs;
     std::unique_ptr<TLinuxShell> shell;
+    std::unique_ptr<TCanberraSound> sound;
 };
 
 void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
@@ -67,6 +71,9 @@ int main(int argc, char** argv) {
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();
         Shell = desktop.shell.get();
+        desktop.sound = std::make_unique<TCanberraSound>();
+        Sound = desktop.sound.get();
+        desktop.application->RegisterModalView("frmFilterCriteria", MakeFilterCriteriaDialog);
         CreateRegistry = CreateDesktopRegistry;
         CreateSmtpClient = CreateCurlSmtp;
     };
@@ -83,6 +90,7 @@ int main(int argc, char** argv) {
     };
     const int code = RunProgram(parts);
     Dialogs = nullptr;
+    Sound = nullptr;
     Shell = nullptr;
     Application = nullptr;
     return code;

@@ -11,6 +11,7 @@
 #include "cli/CliSession.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
+#include "platform/linux/CanberraSound.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 #include "script/ScriptSession.h"
@@ -41,7 +42,8 @@ int RunScript(const std::vector<std::string>& arguments) {
         return 2;
     }
     TLinuxShell shell;
-    TScriptSession session(shell, CreateDesktopRegistry, program, stdout);
+    TCanberraSound sound;
+    TScriptSession session(shell, CreateDesktopRegistry, program, stdout, &sound);
     return session.Run(commands, stderr);
 }
 

@@ -85,6 +85,9 @@ public:
     // The same with the arguments already apart: each reaches the program untouched.
     bool ExecuteFile(const AnsiString& file, const std::vector<AnsiString>& args, bool wait);
 
+    // --- Rule lines: the Text of a rule's nine-line list as one file line.
+    AnsiString FlattenRuleText(const AnsiString& text) const;
+
     // --- Message list helpers
     static AnsiString NormaliseDate(const AnsiString& value);
     void ToggleSort(TListView& list, int column);

@@ -43,7 +43,13 @@ TMenuItem* TQtDialogs::PopupMenu(TPopupMenu& popup, TPoint screen) {
     QMenu menu(Parent);
     for (int i = 0; i < popup.Items.GetCount(); ++i) {
         TMenuItem& item = popup.Items.Items(i);
-        menu.addAction(ToQString(item.Caption))->setData(QVariant::fromValue<void*>(&item));
+        if (item.Caption == "-") {
+            menu.addSeparator();
+            continue;
+        }
+        QAction* action = menu.addAction(ToQString(item.Caption));
+        action->setData(QVariant::fromValue<void*>(&item));
+        action->setEnabled(item.Enabled);
     }
     const QAction* chosen = menu.exec(QPoint(screen.X, screen.Y));
     return chosen ? static_cast<TMenuItem*>(chosen->data().value<void*>()) : nullptr;
@@ -58,10 +64,24 @@ AnsiString TQtDialogs::BrowseForFolder(const AnsiString& title, const AnsiString
         QFileDialog::getExistingDirectory(Parent, ToQString(title), ToQString(start)));
 }
 
+// A filter of "description|pattern" pairs, as the windows give it, becomes
+// Qt's "description (pattern);;..." form; "*.*" means every file.
+QString QtFileFilter(const AnsiString& filter) {
+    const QStringList parts = ToQString(filter).split('|');
+    QStringList entries;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        QString pattern = parts[i + 1];
+        pattern.replace("*.*", "*");
+        pattern.replace(';', ' ');
+        entries << parts[i] + " (" + pattern + ")";
+    }
+    return entries.join(";;");
+}
+
 AnsiString TQtDialogs::OpenFile(const AnsiString& title, const AnsiString& start,
                                 const AnsiString& filter) {
     return FromQString(QFileDialog::getOpenFileName(Parent, ToQString(title), ToQString(start),
-                                                    ToQString(filter)));
+                                                    QtFileFilter(filter)));
 }
 
 void TQtDialogs::ShowException(const AnsiString& message) {

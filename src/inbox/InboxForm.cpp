@@ -56,6 +56,7 @@ void TInboxFrm::SetUpControls() {
     LMDpfSend.OnClick = [this] { LMDpfSendClick(); };
     LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
     LMDpfSearch.OnClick = [this] { LMDpfSearchClick(); };
+    LMDpfRules.OnClick = [this] { LMDpfRulesClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);
@@ -98,6 +99,7 @@ void TInboxFrm::SetUpMenus() {
     pmsDeleteAllBut = &pmDelete.Items.Add(entry("All", [this] { pmsDeleteAllButClick(); }));
     pmsDeleteSelBut = &pmDelete.Items.Add(entry("Selected", [this] { pmsDeleteSelButClick(); }));
     pmEmailers.OnPopup = [this] { pmEmailersPopup(); };
+    SetUpRulesMenu();
 }
 
 // The busy lock of the window: a control with the hourglass refuses its press.

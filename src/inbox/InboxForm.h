@@ -73,6 +73,12 @@ public:
     void AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where,
                           TStringList& hits) const;
     void LMDpfSearchClick();
+    // --- Rules for the selected message
+    void LMDpfRulesClick();
+    void pmsAddtoMasterPriorityListClick() { AddRuleForSelected(false, true); }
+    void pmsAddtoMailBoxPriorityListClick() { AddRuleForSelected(false, false); }
+    void pmsAddtoMasterRejectionListClick() { AddRuleForSelected(true, true); }
+    void pmsAddtoMailBoxRejectionListClick() { AddRuleForSelected(true, false); }
 
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
@@ -124,6 +130,8 @@ public:
 
 private:
     void SetUpControls();
+    void SetUpRulesMenu();
+    void AddRuleForSelected(bool reject, bool master);
     void SetUpList();
     void SetUpMenus();
     void ScanAndSortByArrival();

@@ -5,6 +5,7 @@
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
+#include "rules/FilterCriteria.h"
 #include "search/MailSearch.h"
 
 namespace {
@@ -30,6 +31,7 @@ int RunProgram(const TProgramParts& parts) {
         } clearSendTo;
         TfrmMailSearch mailSearch;
         const TMailSearchGlobal mailSearchGlobal(mailSearch);
+        TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

@@ -14,6 +14,7 @@
 #include "platform/HeadlessApplication.h"
 #include "platform/Registry.h"
 #include "platform/ReportingShell.h"
+#include "platform/ReportingSound.h"
 #include "platform/ScriptedDialogs.h"
 #include "script/ScriptParser.h"
 
@@ -25,8 +26,10 @@ class TScriptSession {
 public:
     // realShell starts what the session starts; registry lists the mail
     // clients; exeName stands for the desktop program's own path.
+    // realSound plays what the session plays (null: silence); every sound is
+    // reported as "sound FILE".
     TScriptSession(TShell& realShell, TRegistryFactory registry, const AnsiString& exeName,
-                   std::FILE* out);
+                   std::FILE* out, TSound* realSound = nullptr);
     ~TScriptSession();
 
     // 0 when the session ran to its end; 2 after a script error, which is
@@ -53,6 +56,7 @@ private:
     THeadlessApplication application;
     TScriptedDialogs dialogs;
     TReportingShell shell;
+    TReportingSound sound;
     std::FILE* out;
     std::string handOffPath;
     std::optional<TScriptError> failure;

@@ -1,5 +1,6 @@
 // vellumdesk: the desktop program. One instance at a time; the lock is taken
-// before Qt exists, so a second start builds no screen at all.
+// before Qt exists, so a second start builds no screen at all: it only asks
+// the running instance to bring its window to the front, and ends.
 //
 // With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
 // window once the first scan is on the screen, and ends: that is how the demo
@@ -14,6 +15,7 @@
 #include "gui/InboxWindow.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/RaiseChannel.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/Dialogs.h"
@@ -59,8 +61,10 @@ int main(int argc, char** argv) {
         Shell = desktop.shell.get();
         CreateRegistry = CreateDesktopRegistry;
     };
+    parts.alreadyRunning = [] { TRaiseChannel::Ring(TRaiseChannel::PathFor(instanceLockName)); };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);
+        TRaiseChannel raise(TRaiseChannel::PathFor(instanceLockName), window);
         desktop.dialogs->Parent = &window;
         inbox.OnClose = [] { Application->Terminate(); };
         if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))

@@ -7,6 +7,7 @@
 #include <QWhatsThis>
 
 #include "controls/PopupMenu.h"
+#include "gui/PopupPlacement.h"
 #include "gui/QtText.h"
 
 int TQtDialogs::MessageBox(const AnsiString& text, const AnsiString& caption, int style) {
@@ -45,7 +46,11 @@ TMenuItem* TQtDialogs::PopupMenu(TPopupMenu& popup, TPoint screen) {
         TMenuItem& item = popup.Items.Items(i);
         menu.addAction(ToQString(item.Caption))->setData(QVariant::fromValue<void*>(&item));
     }
-    const QAction* chosen = menu.exec(QPoint(screen.X, screen.Y));
+    const QPoint at(screen.X, screen.Y);
+    menu.ensurePolished();
+    const QPoint position =
+        PopupPosition(at, menu.sizeHint(), AvailableAreaAt(at), AnchorTopAt(at));
+    const QAction* chosen = menu.exec(position);
     return chosen ? static_cast<TMenuItem*>(chosen->data().value<void*>()) : nullptr;
 }
 

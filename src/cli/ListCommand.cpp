@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliSession.h"
 #include "inbox/InboxForm.h"
 #include "script/FieldEscape.h"
@@ -75,9 +76,7 @@ void PrintRows(const TListView& list) {
 int RunList(const std::vector<std::string>& args) {
     TListOptions options;
     if (!ParseOptions(args, options)) {
-        std::fprintf(stderr, "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] "
-                             "[--click COLUMN]...\n");
-        return 2;
+        return CliUsageError("list");
     }
     TCliSession session;
     TInboxFrm inbox;
@@ -108,7 +107,6 @@ int RunList(const std::vector<std::string>& args) {
     return 0;
 }
 
-const TCliCommand
-    listCommand("list", "FOLDER [--filter from|subject|date TEXT] [--click COLUMN]...", RunList);
+const TCliCommand listCommand("list", RunList);
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "gui/RaiseChannel.h"
 
+#include <QApplication>
 #include <QSocketNotifier>
 #include <QWidget>
 #include <cstring>
@@ -69,5 +70,10 @@ void TRaiseChannel::Answer() {
     window.show();
     window.raise();
     window.activateWindow();
+    // A modal dialog open over the window comes to the front with it.
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        modal->raise();
+        modal->activateWindow();
+    }
     emit rung();
 }

@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <deque>
+#include <string>
+#include <vector>
 
 #include "platform/Application.h"
 
@@ -16,6 +18,16 @@ public:
     void Terminate() override { terminated = true; }
     std::uint32_t GetTickCount() const override;
     void Post(std::function<void()> event) override { queue.push_back(std::move(event)); }
+
+    // A modal loop: ModalLoop acts on the shown form (a test, a script) and
+    // closes it; without one the form is closed at once by its title bar.
+    void RunModal(TForm& form) override;
+    std::function<void(TForm&)> ModalLoop;
+    // No screen: the window-order calls are only recorded, by name.
+    void NormalizeAllTopMosts() override { WindowOrderCalls.emplace_back("NormalizeAllTopMosts"); }
+    void RestoreTopMosts() override { WindowOrderCalls.emplace_back("RestoreTopMosts"); }
+    void BringToFront() override { WindowOrderCalls.emplace_back("BringToFront"); }
+    std::vector<std::string> WindowOrderCalls;
 
     int ProcessMessagesCalls() const { return passes; }
     bool HasPendingEvents() const { return !queue.empty(); }

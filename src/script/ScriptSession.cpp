@@ -55,7 +55,8 @@ void TScriptSession::RemoveServices() {
 }
 
 int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* err) {
-    std::size_t next = 0;
+    script = &commands;
+    next = 0;
     for (; next < commands.size() && commands[next].Words[0] != "start"; ++next) {
         if (TResult error = BeforeStart(commands[next])) {
             failure = TScriptError{commands[next].Line, *error};
@@ -66,7 +67,8 @@ int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* 
         TProgramParts parts;
         parts.singleInstance = false;
         parts.initialiseApplication = [this] { InstallServices(); };
-        parts.run = [&](TInboxFrm& inbox) { RunWindow(inbox, commands, next + 1); };
+        ++next;
+        parts.run = [this](TInboxFrm& inbox) { RunWindow(inbox); };
         RunProgram(parts);
         RemoveServices();
     }
@@ -96,23 +98,35 @@ TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& comman
     return "unknown command '" + words[0] + "' or wrong number of arguments";
 }
 
-void TScriptSession::RunWindow(TInboxFrm& inbox, const std::vector<TScriptCommand>& commands,
-                               std::size_t next) {
+void TScriptSession::RunWindow(TInboxFrm& inbox) {
+    mainWindow = &inbox;
     inbox.HandOffPath = AnsiString(handOffPath);
     inbox.OnClose = [this] {
         quit = true;
         application.Terminate();
     };
+    // A modal window runs the commands that follow its opening until it closes;
+    // one still open at the end of the script is closed by its title bar.
+    application.ModalLoop = [this](TForm& form) {
+        RunCommands([&form] { return form.Visible(); });
+    };
     inbox.FormActivate();
     Drain();
-    for (; next < commands.size() && !quit; ++next) {
-        if (TResult error = Execute(inbox, commands[next])) {
-            failure = TScriptError{commands[next].Line, *error};
+    RunCommands([] { return true; });
+    application.ModalLoop = nullptr;
+    if (!quit) inbox.LMDpfClose.Click();
+    mainWindow = nullptr;
+}
+
+void TScriptSession::RunCommands(const std::function<bool()>& more) {
+    while (!failure && !quit && !closing && next < script->size() && more()) {
+        const TScriptCommand& command = (*script)[next++];
+        if (TResult error = Execute(command)) {
+            failure = TScriptError{command.Line, *error};
             return;
         }
         Drain();
     }
-    if (!quit) inbox.LMDpfClose.Click();
 }
 
 // Runs what the command posted (a menu entry's click), as the loop would.
@@ -121,24 +135,34 @@ void TScriptSession::Drain() {
         application.ProcessMessages();
 }
 
-TScriptSession::TResult TScriptSession::Execute(TInboxFrm& inbox, const TScriptCommand& command) {
+TScriptSession::TResult TScriptSession::Execute(const TScriptCommand& command) {
     const std::vector<std::string>& words = command.Words;
     if (words[0] == "answer" && words.size() == 2) {
         dialogs.QueueAnswer(AnsiString(words[1]));
         return std::nullopt;
     }
     if (words[0] == "quit" && words.size() == 1) {
-        inbox.LMDpfClose.Click();
+        // The open modal windows close by their title bars, then the main window.
+        closing = true;
+        if (TForm* modal = TForm::TopModalForm()) {
+            modal->WindowClose();
+            return std::nullopt;
+        }
+        mainWindow->LMDpfClose.Click();
         quit = true;
         return std::nullopt;
     }
     if (words[0] == "start") return "the program has started already";
     if (words[0] == "handoff") return "handoff comes before start";
-    if (words[0] == "show" && words.size() == 2) return Show(words[1], inbox);
+    if (words[0] == "show" && words.size() == 2) return Show(words[1]);
     if (!IsWindowCommand(words[0]) || words.size() < 2)
         return "unknown command '" + words[0] + "' or wrong number of arguments";
-    TControl* control = FindControl(words[1], inbox);
+    TControl* control = FindControl(words[1]);
     if (!control) return "unknown control '" + words[1] + "'";
+    // While a modal window is open, no other window takes input.
+    TForm* modal = TForm::TopModalForm();
+    if (modal && control->Owner() != modal)
+        return "'" + words[1] + "' takes no input while '" + modal->Name() + "' is open";
     return ExecuteOnControl(*control, command);
 }
 
@@ -151,14 +175,15 @@ TScriptSession::TResult TScriptSession::ExecuteOnControl(TControl& control,
     return ControlCommand(control, command.Words);
 }
 
-TScriptSession::TResult TScriptSession::Show(const std::string& target, TInboxFrm& inbox) {
-    if (target == inbox.Name()) {
-        Print({"Caption=" + inbox.Caption().str()});
-        Print({std::string("Visible=") + (inbox.Visible() ? "true" : "false")});
-        Print({"Modal=none"});
+TScriptSession::TResult TScriptSession::Show(const std::string& target) {
+    if (TForm* form = TForm::FindForm(target)) {
+        const TForm* modal = TForm::TopModalForm();
+        Print({"Caption=" + form->Caption().str()});
+        Print({std::string("Visible=") + (form->Visible() ? "true" : "false")});
+        Print({"Modal=" + (modal ? modal->Name() : std::string("none"))});
         return std::nullopt;
     }
-    TControl* control = FindControl(target, inbox);
+    TControl* control = FindControl(target);
     if (!control) return "unknown control '" + target + "'";
     for (const std::string& line : ShowControl(*control)) {
         std::fwrite(line.data(), 1, line.size(), out);

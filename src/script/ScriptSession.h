@@ -5,6 +5,7 @@
 // is reported on the output as it happens, one tab-separated line each.
 
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,10 +39,13 @@ private:
     TResult BeforeStart(const TScriptCommand& command);
     void InstallServices();
     void RemoveServices();
-    void RunWindow(TInboxFrm& inbox, const std::vector<TScriptCommand>& commands, std::size_t next);
-    TResult Execute(TInboxFrm& inbox, const TScriptCommand& command);
+    void RunWindow(TInboxFrm& inbox);
+    // Runs the script's next commands while more is true: the main window's
+    // loop, and the loop of each modal window while it is open.
+    void RunCommands(const std::function<bool()>& more);
+    TResult Execute(const TScriptCommand& command);
     TResult ExecuteOnControl(TControl& control, const TScriptCommand& command);
-    TResult Show(const std::string& target, TInboxFrm& inbox);
+    TResult Show(const std::string& target);
     void Drain();
     void Print(const std::vector<std::string>& fields);
 
@@ -52,5 +56,9 @@ private:
     std::FILE* out;
     std::string handOffPath;
     std::optional<TScriptError> failure;
-    bool quit = false;
+    const std::vector<TScriptCommand>* script = nullptr;
+    std::size_t next = 0;
+    TInboxFrm* mainWindow = nullptr;
+    bool quit = false;    // the main window has closed
+    bool closing = false; // the script said quit
 };

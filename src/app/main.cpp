@@ -1,5 +1,6 @@
 // vellumdesk: the desktop program. One instance at a time; the lock is taken
-// before Qt exists, so a second start builds no screen at all.
+// before Qt exists, so a second start builds no screen at all: it only asks
+// the running instance to bring its window to the front, and ends.
 //
 // With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
 // window once the first scan is on the screen, and ends: that is how the demo
@@ -17,6 +18,7 @@
 #include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/RaiseChannel.h"
 #include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
@@ -77,8 +79,10 @@ int main(int argc, char** argv) {
         CreateRegistry = CreateDesktopRegistry;
         CreateSmtpClient = CreateCurlSmtp;
     };
+    parts.alreadyRunning = [] { TRaiseChannel::Ring(TRaiseChannel::PathFor(instanceLockName)); };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);
+        TRaiseChannel raise(TRaiseChannel::PathFor(instanceLockName), window);
         desktop.dialogs->Parent = &window;
         inbox.OnClose = [] { Application->Terminate(); };
         if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))

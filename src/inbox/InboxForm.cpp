@@ -81,6 +81,7 @@ void TInboxFrm::SetUpList() {
                                                             {"File Name", 140}})
         lvEmailList.Columns.push_back({caption, width});
     lvEmailList.SetHelpContext(99);
+    lvEmailList.HintColumn = 2;
     lvEmailList.OnDblClick = [this] { lvEmailListDblClick(); };
     lvEmailList.OnColumnClick = [this](int column) { lvEmailListColumnClick(column); };
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {

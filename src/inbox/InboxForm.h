@@ -86,6 +86,10 @@ public:
     void LMDcbFilterTypeChange();
     void LMDcbFilterTextChange() {}
     void FillFilterTexts();
+    // The order the rows are in, for the screen to show: the column, or -1
+    // before the first sort, and whether it runs from small to large.
+    int SortedColumn() const;
+    bool SortedAscending() const;
 
     // Controls, named as the window names them.
     TListView lvEmailList{this, "lvEmailList"};

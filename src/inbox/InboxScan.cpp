@@ -111,6 +111,9 @@ void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
             attachments += file;
         },
         Yield);
+    // The Date header as the message has it, for the arrival date's tooltip.
+    if (const std::string_view sent = FindHeader(message, "Date:"); !sent.empty())
+        row.Hint = AnsiString("Date: ") + AnsiString(sent);
     lvEmailList.Add() = std::move(row);
 }
 

@@ -18,7 +18,10 @@ void ShowUncaught(const char* message) {
 
 int RunProgram(const TProgramParts& parts) {
     TInstanceLock lock;
-    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) return 0;
+    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) {
+        if (parts.alreadyRunning) parts.alreadyRunning();
+        return 0;
+    }
     try {
         if (parts.initialiseApplication) parts.initialiseApplication();
         Application->Title = "Vellumdesk";

@@ -1,5 +1,6 @@
 // vellumdesk-cli list: the rows the window shows for a folder, one line each.
 
+#include <chrono>
 #include <cstdio>
 #include <string>
 
@@ -15,7 +16,13 @@ struct TListOptions {
     int filterType = 0;
     std::string filterText;
     std::vector<int> clicks;
+    bool timings = false; // how long the scan and each click took, on standard error
 };
+
+double MillisecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
+}
 
 int ParseFilterType(const std::string& name) {
     if (name == "from") return 1;
@@ -43,6 +50,8 @@ bool ParseOptions(const std::vector<std::string>& args, TListOptions& options) {
             int column = 0;
             if (!ParseColumn(args[++i], column)) return false;
             options.clicks.push_back(column);
+        } else if (arg == "--timings") {
+            options.timings = true;
         } else if (!haveFolder && (arg.empty() || arg[0] != '-')) {
             options.folder = arg;
             haveFolder = true;
@@ -76,7 +85,7 @@ int RunList(const std::vector<std::string>& args) {
     TListOptions options;
     if (!ParseOptions(args, options)) {
         std::fprintf(stderr, "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] "
-                             "[--click COLUMN]...\n");
+                             "[--click COLUMN]... [--timings]\n");
         return 2;
     }
     TCliSession session;
@@ -89,18 +98,24 @@ int RunList(const std::vector<std::string>& args) {
     inbox.DateFilterTexts.SetSorted(true);
     inbox.LMDcbFilterType.SetItemIndex(0);
     inbox.SetReady(false);
+    auto start = std::chrono::steady_clock::now();
     inbox.ScanMessages();
     Utils->SortColumn = 2;
     inbox.lvEmailList.SetSortType(TSortType::stText);
     inbox.SetReady(true);
+    if (options.timings) std::fprintf(stderr, "scan and sort: %.1f ms\n", MillisecondsSince(start));
 
     if (options.filterType > 0) {
         inbox.LMDcbFilterType.UserPick(options.filterType);
         inbox.LMDcbFilterText.UserType(AnsiString(options.filterText));
         inbox.LMDpfRefresh.Click();
     }
-    for (const int column : options.clicks)
+    for (const int column : options.clicks) {
+        start = std::chrono::steady_clock::now();
         inbox.lvEmailList.ColumnClick(column);
+        if (options.timings)
+            std::fprintf(stderr, "click on column %d: %.1f ms\n", column, MillisecondsSince(start));
+    }
 
     PrintRows(inbox.lvEmailList);
     std::fflush(stdout);

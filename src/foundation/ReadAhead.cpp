@@ -1,5 +1,6 @@
 #include "foundation/ReadAhead.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,7 +13,8 @@ int OpenPlain(int dirFd, const char* name) {
 } // namespace
 
 TReadAhead::TReadAhead(int dirFd, const std::vector<std::string>& names, TOptions options)
-    : dirFd(dirFd), names(names), options(options), slots(options.depth > 0 ? options.depth : 1) {
+    : dirFd(dirFd), names(names), options(options), slots(options.depth > 0 ? options.depth : 1),
+      free(slots.size()), wakeAt(std::max<std::size_t>(1, slots.size() / 4)) {
     if (!this->options.open) this->options.open = OpenPlain;
     opener = std::thread([this] { OpenAll(); });
 }
@@ -25,9 +27,15 @@ void TReadAhead::OpenAll() {
     for (std::size_t k = 0; k < names.size(); ++k) {
         TSlot& slot = slots[k % slots.size()];
         {
+            // Woken once a quarter of the slots is free, not at every take.
             std::unique_lock lock(mutex);
-            changed.wait(lock, [&] { return stopping || !slot.ready; });
+            if (slot.ready) {
+                openerWaiting = true;
+                changed.wait(lock, [&] { return stopping || (!slot.ready && free >= wakeAt); });
+                openerWaiting = false;
+            }
             if (stopping) return;
+            --free;
         }
         const int fd = options.open(dirFd, names[k].c_str());
         if (fd >= 0 && options.hint) ::posix_fadvise(fd, 0, 0, POSIX_FADV_WILLNEED);
@@ -48,6 +56,8 @@ TFileDescriptor TReadAhead::Take(std::size_t index) {
         if (stopping) return {};
         fd = slot.fd;
         slot.ready = false;
+        ++free;
+        if (!openerWaiting || free < wakeAt) return TFileDescriptor(fd);
     }
     changed.notify_all();
     return TFileDescriptor(fd);

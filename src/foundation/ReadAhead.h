@@ -53,6 +53,9 @@ private:
     std::vector<TSlot> slots;
     std::mutex mutex;
     std::condition_variable changed;
+    std::size_t free;   // slots neither opened nor waiting to be taken
+    std::size_t wakeAt; // free slots that wake the opener
+    bool openerWaiting = false;
     bool stopping = false;
     std::thread opener;
 };

@@ -22,7 +22,7 @@ void TMessageReader::Read(int fd, TScannedMessage& out) {
     out.WalkPasses = 0;
     struct stat st {};
     if (fd < 0 || ::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return;
-    const bool read = ReadWhole(fd, out);
+    const bool read = ReadWhole(fd, static_cast<std::size_t>(st.st_size), out);
     if (!read || out.State != TState::Read) return;
     out.Date = TUtils::NormaliseDate(AnsiString(std::move(out.Date))).str();
     // The size as the entry gives it after the read; a file removed
@@ -33,8 +33,8 @@ void TMessageReader::Read(int fd, TScannedMessage& out) {
     out.Inode = st.st_ino;
 }
 
-bool TMessageReader::ReadWhole(int fd, TScannedMessage& out) {
-    switch (text.LoadFrom(fd, limit)) {
+bool TMessageReader::ReadWhole(int fd, std::size_t size, TScannedMessage& out) {
+    switch (text.LoadFrom(fd, limit, size)) {
     case TMessageText::TLoad::Failed:
         return false;
     case TMessageText::TLoad::TooLarge:

@@ -22,7 +22,7 @@ public:
     void Read(int fd, TScannedMessage& out);
 
 private:
-    bool ReadWhole(int fd, TScannedMessage& out);
+    bool ReadWhole(int fd, std::size_t size, TScannedMessage& out);
     bool Stream(int fd, TScannedMessage& out);
 
     std::size_t limit;

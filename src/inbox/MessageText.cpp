@@ -43,10 +43,13 @@ long TMessageText::ReadChunk(int fd, std::size_t room) {
 // Reads until the end, a NUL or the limit, without asking the size first:
 // the buffer soon has room for any file of the mailbox, and a read that
 // fills it only makes it larger.
-TMessageText::TLoad TMessageText::LoadFrom(int fd, std::size_t limit) {
+TMessageText::TLoad TMessageText::LoadFrom(int fd, std::size_t limit, std::size_t sizeHint) {
     length = read = 0;
     fileSize = 0;
-    Reserve(std::min(initialCapacity, limit));
+    // One byte more than the size, so that the end shows without a growth;
+    // a growth at least doubles, so the buffer is replaced only a few times.
+    if (sizeHint + 1 > capacity)
+        Reserve(std::min(std::max({initialCapacity, sizeHint + 1, 2 * capacity}), limit));
     for (;;) {
         if (read == capacity) {
             if (capacity >= limit) return TLoad::TooLarge;

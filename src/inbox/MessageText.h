@@ -23,8 +23,9 @@ public:
         Failed,   // a read error
     };
     // Reads an open file from where it stands, stopping at the first NUL:
-    // nothing behind it belongs to the text.
-    TLoad LoadFrom(int fd, std::size_t limit);
+    // nothing behind it belongs to the text. sizeHint, the size the file had
+    // a moment ago, sizes the buffer once instead of letting it double.
+    TLoad LoadFrom(int fd, std::size_t limit, std::size_t sizeHint = 0);
     // The raw bytes of the last load that was too large.
     std::string_view Raw() const { return {buffer.get(), read}; }
     // Reads the next bytes of a file that was too large into the buffer,

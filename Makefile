@@ -1,5 +1,6 @@
 # Thin wrapper over CMake. `make test` builds and runs every test, twice: a
-# normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer.
+# normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer;
+# then the scan's worker tests once more under ThreadSanitizer.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build

@@ -20,6 +20,10 @@ struct TCase {
     bool otherFileIntact; // the file now in its place, or in the linked folder
 };
 
+void PrintTo(const TCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
 class DeleteListed : public ::testing::TestWithParam<TCase> {};
 
 TEST_P(DeleteListed, DeletionActsOnlyOnTheFileThatWasListed) {

@@ -44,7 +44,12 @@ inline constexpr TCliOption click{
     "3 Size, 4 Attachments, 5 Content-Type, 6 File Name. A second click on the same "
     "column turns the order around."};
 
-inline constexpr TCliOption listOptions[] = {filter, click};
+inline constexpr TCliOption listOptions[] = {
+    filter,
+    click,
+    {"--timings", "", 0, false, "",
+     "Say on standard error how long the scan with its first sort and each click took."},
+};
 
 inline constexpr TCliOption searchOptions[] = {
     {"--case", "", 0, false, "", "Match upper and lower case exactly."},

@@ -1,6 +1,7 @@
 #include "cli/MailboxSession.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 #include "foundation/Utils.h"
@@ -20,6 +21,11 @@ bool ParseColumn(const std::string& text, int& column) {
     if (text.size() != 1 || text[0] < '0' || text[0] > '6') return false;
     column = text[0] - '0';
     return true;
+}
+
+double MillisecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+        .count();
 }
 
 constexpr std::size_t flushAt = 1 << 16;
@@ -55,6 +61,10 @@ bool TakeMailboxOption(const std::vector<std::string>& args, std::size_t& i,
         options.clicks.push_back(column);
         return true;
     }
+    if (arg == "--timings") {
+        options.timings = true;
+        return true;
+    }
     if (haveFolder || (!arg.empty() && arg[0] == '-')) return false;
     options.folder = arg;
     haveFolder = true;
@@ -70,18 +80,24 @@ void OpenMailbox(TInboxFrm& inbox, const TMailboxOptions& options) {
     inbox.DateFilterTexts.SetSorted(true);
     inbox.LMDcbFilterType.SetItemIndex(0);
     inbox.SetReady(false);
+    auto start = std::chrono::steady_clock::now();
     inbox.ScanMessages();
     Utils->SortColumn = 2;
     inbox.lvEmailList.SetSortType(TSortType::stText);
     inbox.SetReady(true);
+    if (options.timings) std::fprintf(stderr, "scan and sort: %.1f ms\n", MillisecondsSince(start));
 
     if (options.filterType > 0) {
         inbox.LMDcbFilterType.UserPick(options.filterType);
         inbox.LMDcbFilterText.UserType(AnsiString(options.filterText));
         inbox.LMDpfRefresh.Click();
     }
-    for (const int column : options.clicks)
+    for (const int column : options.clicks) {
+        start = std::chrono::steady_clock::now();
         inbox.lvEmailList.ColumnClick(column);
+        if (options.timings)
+            std::fprintf(stderr, "click on column %d: %.1f ms\n", column, MillisecondsSince(start));
+    }
 }
 
 void PrintRows(const TListView& list) {

@@ -14,9 +14,10 @@ struct TMailboxOptions {
     int filterType = 0;
     std::string filterText;
     std::vector<int> clicks;
+    bool timings = false; // how long the scan and each click took, on standard error
 };
 
-// Takes --filter TYPE TEXT, --click COLUMN or the folder at args[i]; advances
+// Takes --filter TYPE TEXT, --click COLUMN, --timings or the folder at args[i]; advances
 // i past what it took. False if args[i] is none of these or is malformed.
 bool TakeMailboxOption(const std::vector<std::string>& args, std::size_t& i,
                        TMailboxOptions& options, bool& haveFolder);

@@ -76,6 +76,7 @@ void TInboxWindow::SetUpAccessibility() {
 
 TInboxWindow::~TInboxWindow() {
     form.Unsubscribe(subscription);
+    form.OnScanProgress = nullptr;
 }
 
 void TInboxWindow::LayOutFilterBar() {
@@ -114,8 +115,18 @@ void TInboxWindow::LayOutStatusBar() {
     date.setObjectName("LMDpfDate");
     BindPanel(form.LMDpfDate, date);
     statusRow.addWidget(&status, 1);
+    statusRow.addWidget(&scanProgress);
     statusRow.addWidget(&date);
     layout.addWidget(&statusBar);
+    // Shown at most every 50 ms, so that a long scan is not slowed by its own progress.
+    form.OnScanProgress = [this](int done, int total) {
+        if (done >= total) {
+            scanProgress.clear();
+        } else if (!scanProgressShown.isValid() || scanProgressShown.elapsed() >= 50) {
+            scanProgress.setText(QString("Reading %1 of %2").arg(done).arg(total));
+            scanProgressShown.start();
+        }
+    };
 }
 
 void TInboxWindow::FollowForm() {

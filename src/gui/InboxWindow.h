@@ -7,6 +7,7 @@
 // outright; bindings are declared last and go first.
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -73,6 +74,9 @@ private:
     QFrame statusBar;
     QHBoxLayout statusRow{&statusBar};
     QLabel status, date;
+    // How far a running scan has read, beside the message count; empty otherwise.
+    QLabel scanProgress;
+    QElapsedTimer scanProgressShown;
 
     TListViewBinding listBinding;
     TComboBoxBinding filterTypeBinding, filterTextBinding;

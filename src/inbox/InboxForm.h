@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/ComboBox.h"
@@ -13,8 +14,9 @@
 #include "controls/Panel.h"
 #include "controls/PanelButton.h"
 #include "controls/PopupMenu.h"
+#include "foundation/FileDescriptor.h"
 #include "foundation/StringList.h"
-#include "inbox/MessageText.h"
+#include "inbox/MessageReader.h"
 
 class TGlobals;
 class TPButtons;
@@ -128,6 +130,11 @@ public:
     TStringList SubjectFilterTexts;
     TStringList DateFilterTexts;
 
+    // How many threads read files ahead of the scan; 0: one per core.
+    int ScanWorkers = 0;
+    // Called at each file of a scan with the files done and the files listed.
+    std::function<void(int done, int total)> OnScanProgress;
+
     TMenuItem* pmsRejected = nullptr;
     TMenuItem* pmsDeleteAllBut = nullptr;
     TMenuItem* pmsDeleteSelBut = nullptr;
@@ -142,9 +149,12 @@ private:
     void SetRunMailWidths();
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
-    void ScanMessage(const AnsiString& name, int filterType);
-    void CollectFilterTexts(std::string_view from, std::string_view subject,
-                            const AnsiString& date);
+    void ScanMessage(const AnsiString& name, const TScannedMessage& message, int filterType);
+    void CollectFilterTexts(std::string_view from, std::string_view subject, std::string_view date);
+    void OpenListedFolder(const AnsiString& mask);
+    // Removes a file of the last scan from the folder the scan listed, and
+    // only while its entry still is the file that was read.
+    bool DeleteListedFile(const AnsiString& name);
 
     // The objects the window owns, reached by the rest of the program
     // through their global pointers.
@@ -152,6 +162,15 @@ private:
     std::unique_ptr<TUtils> ownedUtils;
     std::unique_ptr<TPButtons> ownedPButtons;
 
-    // The file being scanned; kept between files for its buffer.
-    TMessageText message;
+    // Reads a file on the window's thread when no worker can; kept for its buffer.
+    TMessageReader reader;
+    TScannedMessage scanned;
+    // The folder of the last scan, held open, and what each listed name was.
+    struct TFileId {
+        dev_t device;
+        ino_t inode;
+    };
+    TFileDescriptor listedFolder;
+    std::unordered_map<std::string, TFileId> listedFiles;
+    unsigned scanGeneration = 0;
 };

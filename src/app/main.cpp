@@ -1,5 +1,6 @@
 // vellumdesk: the desktop program. One instance at a time; the lock is taken
-// before Qt exists, so a second start builds no screen at all.
+// before Qt exists, so a second start builds no screen at all: it only asks
+// the running instance to bring its window to the front, and ends.
 //
 // With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
 // window once the first scan is on the screen, and ends: that is how the demo
@@ -11,10 +12,14 @@
 #include <cstdlib>
 #include <memory>
 
+#include "app/CommandLine.h"
 #include "gui/FilterCriteriaDialog.h"
 #include "gui/InboxWindow.h"
+#include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/RaiseChannel.h"
+#include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/Dialogs.h"
@@ -22,8 +27,10 @@
 #include "platform/Shell.h"
 #include "platform/Sound.h"
 #include "platform/linux/CanberraSound.h"
+#include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -49,6 +56,7 @@ void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const int status = HandleCommandLine(argc, argv); status >= 0) return status;
     TDesktop desktop;
     TProgramParts parts;
     parts.initialiseApplication = [&] {
@@ -56,7 +64,11 @@ int main(int argc, char** argv) {
         QApplication::setApplicationName("Vellumdesk");
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
+        desktop.application->RegisterModalView("frmMailSearch", [](TForm& form) {
+            return std::make_unique<TMailSearchDialog>(static_cast<TfrmMailSearch&>(form));
+        });
         Application = desktop.application.get();
+        desktop.application->RegisterModalView("frmSendTo", TSendToDialog::Create);
         desktop.dialogs = std::make_unique<TQtDialogs>();
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();
@@ -65,9 +77,12 @@ int main(int argc, char** argv) {
         Sound = desktop.sound.get();
         desktop.application->RegisterModalView("frmFilterCriteria", MakeFilterCriteriaDialog);
         CreateRegistry = CreateDesktopRegistry;
+        CreateSmtpClient = CreateCurlSmtp;
     };
+    parts.alreadyRunning = [] { TRaiseChannel::Ring(TRaiseChannel::PathFor(instanceLockName)); };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);
+        TRaiseChannel raise(TRaiseChannel::PathFor(instanceLockName), window);
         desktop.dialogs->Parent = &window;
         inbox.OnClose = [] { Application->Terminate(); };
         if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))

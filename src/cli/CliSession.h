@@ -4,10 +4,20 @@
 // as the session object.
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "foundation/Utils.h"
 #include "platform/HeadlessApplication.h"
 #include "platform/Shell.h"
+
+// The desktop program beside this one: its hand-off file, log, help and
+// extensions are the ones a session of the window logic uses.
+AnsiString DesktopProgramPath();
+
+// "--program PATH" among a command's arguments: the session runs as the
+// desktop program at PATH would. Removes the two words; false if PATH is missing.
+bool TakeProgramOption(std::vector<std::string>& args, AnsiString& program);
 
 class TCliSession {
 public:

@@ -4,19 +4,16 @@
 #include <cstdio>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliSession.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "settings/Globals.h"
 
 namespace {
 
-int Usage() {
-    std::fprintf(stderr, "usage: vellumdesk-cli open FILE [--client NAME]\n");
-    return 2;
-}
-
 int RunOpen(const std::vector<std::string>& args) {
-    if (args.size() != 1 && !(args.size() == 3 && args[1] == "--client")) return Usage();
+    if (args.size() != 1 && !(args.size() == 3 && args[1] == "--client"))
+        return CliUsageError("open");
     TCliSession session;
     CreateRegistry = CreateDesktopRegistry;
     TGlobals globals;
@@ -34,6 +31,6 @@ int RunOpen(const std::vector<std::string>& args) {
     return 0;
 }
 
-const TCliCommand openCommand("open", "FILE [--client NAME]", RunOpen);
+const TCliCommand openCommand("open", RunOpen);
 
 } // namespace

@@ -7,6 +7,8 @@
 #include <sstream>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
+#include "cli/CliSession.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
 #include "platform/linux/CanberraSound.h"
@@ -24,17 +26,10 @@ bool ReadScript(const std::string& name, std::string& text) {
     return ReadWholeFile(name.c_str(), text);
 }
 
-// The desktop program beside this one: its hand-off file, log and help.
-AnsiString DesktopProgramPath() {
-    const AnsiString self = OwnProgramPath();
-    return self.SubString(1, self.LastDelimiter("/")) + "vellumdesk";
-}
-
-int RunScript(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: vellumdesk-cli script FILE|-\n");
-        return 2;
-    }
+int RunScript(const std::vector<std::string>& arguments) {
+    std::vector<std::string> args = arguments;
+    AnsiString program;
+    if (!TakeProgramOption(args, program) || args.size() != 1) return CliUsageError("script");
     std::string text;
     if (!ReadScript(args[0], text)) {
         std::fprintf(stderr, "script: cannot read %s\n", args[0].c_str());
@@ -48,10 +43,10 @@ int RunScript(const std::vector<std::string>& args) {
     }
     TLinuxShell shell;
     TCanberraSound sound;
-    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout, &sound);
+    TScriptSession session(shell, CreateDesktopRegistry, program, stdout, &sound);
     return session.Run(commands, stderr);
 }
 
-const TCliCommand scriptCommand("script", "FILE|-", RunScript);
+const TCliCommand scriptCommand("script", RunScript);
 
 } // namespace

@@ -43,3 +43,37 @@ void TQtApplication::RunModal(TForm& form) {
     const std::unique_ptr<TModalDialog> dialog = found->second(form);
     if (form.Visible() && !terminated) dialog->exec();
 }
+
+void TQtApplication::NormalizeAllTopMosts() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || !(window->windowFlags() & Qt::WindowStaysOnTopHint)) continue;
+        normalized.append(window);
+        window->setWindowFlag(Qt::WindowStaysOnTopHint, false);
+        window->show(); // changing the flags hides a window
+    }
+}
+
+void TQtApplication::RestoreTopMosts() {
+    for (const QPointer<QWidget>& window : std::as_const(normalized)) {
+        if (!window) continue;
+        window->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+        window->show();
+    }
+    normalized.clear();
+}
+
+// The modal dialog on top, if any, else the main window.
+void TQtApplication::BringToFront() {
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window) window = QApplication::activeWindow();
+    if (!window) {
+        for (QWidget* candidate : QApplication::topLevelWidgets())
+            if (candidate->isVisible() && candidate->isWindow()) {
+                window = candidate;
+                break;
+            }
+    }
+    if (!window) return;
+    window->raise();
+    window->activateWindow();
+}

@@ -3,13 +3,15 @@
 // that yields lets the window paint and the user click.
 
 #include <QElapsedTimer>
+#include <QList>
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 
 #include "gui/ModalDialog.h"
-
 #include "platform/Application.h"
 
 class TQtApplication : public TApplication {
@@ -21,6 +23,9 @@ public:
     std::uint32_t GetTickCount() const override;
     void Post(std::function<void()> event) override;
     TPoint CursorPos() const override;
+    void NormalizeAllTopMosts() override;
+    void RestoreTopMosts() override;
+    void BringToFront() override;
 
     // Builds the screen of a modal form, by the form's name.
     using TModalViewFactory = std::function<std::unique_ptr<TModalDialog>(TForm& form)>;
@@ -30,6 +35,8 @@ public:
     void RunModal(TForm& form) override;
 
 private:
+    // The windows NormalizeAllTopMosts took off the top, to give it back.
+    QList<QPointer<QWidget>> normalized;
     QElapsedTimer clock;
     bool terminated = false;
     std::map<std::string, TModalViewFactory> views;

@@ -7,6 +7,7 @@
 #include <QWhatsThis>
 
 #include "controls/PopupMenu.h"
+#include "gui/PopupPlacement.h"
 #include "gui/QtText.h"
 
 int TQtDialogs::MessageBox(const AnsiString& text, const AnsiString& caption, int style) {
@@ -51,7 +52,11 @@ TMenuItem* TQtDialogs::PopupMenu(TPopupMenu& popup, TPoint screen) {
         action->setData(QVariant::fromValue<void*>(&item));
         action->setEnabled(item.Enabled);
     }
-    const QAction* chosen = menu.exec(QPoint(screen.X, screen.Y));
+    const QPoint at(screen.X, screen.Y);
+    menu.ensurePolished();
+    const QPoint position =
+        PopupPosition(at, menu.sizeHint(), AvailableAreaAt(at), AnchorTopAt(at));
+    const QAction* chosen = menu.exec(position);
     return chosen ? static_cast<TMenuItem*>(chosen->data().value<void*>()) : nullptr;
 }
 

@@ -53,6 +53,9 @@ void TInboxFrm::SetUpControls() {
     LMDpfSubDelete.OnClick = [this] { LMDpfSubDeleteClick(); };
     LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
+    LMDpfSend.OnClick = [this] { LMDpfSendClick(); };
+    LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
+    LMDpfSearch.OnClick = [this] { LMDpfSearchClick(); };
     LMDpfRules.OnClick = [this] { LMDpfRulesClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
@@ -78,6 +81,7 @@ void TInboxFrm::SetUpList() {
                                                             {"File Name", 140}})
         lvEmailList.Columns.push_back({caption, width});
     lvEmailList.SetHelpContext(99);
+    lvEmailList.HintColumn = 2;
     lvEmailList.OnDblClick = [this] { lvEmailListDblClick(); };
     lvEmailList.OnColumnClick = [this](int column) { lvEmailListColumnClick(column); };
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {

@@ -1,10 +1,12 @@
 #include "inbox/ProgramEntry.h"
 
+#include "forwarding/SendToForm.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
 #include "rules/FilterCriteria.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -16,12 +18,22 @@ void ShowUncaught(const char* message) {
 
 int RunProgram(const TProgramParts& parts) {
     TInstanceLock lock;
-    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) return 0;
+    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) {
+        if (parts.alreadyRunning) parts.alreadyRunning();
+        return 0;
+    }
     try {
         if (parts.initialiseApplication) parts.initialiseApplication();
         Application->Title = "Vellumdesk";
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TInboxFrm inboxFrm;
+        TfrmSendTo sendTo;
+        frmSendTo = &sendTo;
+        struct TClear {
+            ~TClear() { frmSendTo = nullptr; }
+        } clearSendTo;
+        TfrmMailSearch mailSearch;
+        const TMailSearchGlobal mailSearchGlobal(mailSearch);
         TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {

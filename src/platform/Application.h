@@ -31,6 +31,12 @@ public:
     virtual void Post(std::function<void()> event) = 0;
     // Where the mouse is, in screen coordinates.
     virtual TPoint CursorPos() const { return {}; }
+    // Around a started program: take this program's windows out of the
+    // always-on-top state so the program can come in front, give that state
+    // back, and bring the main window to the front.
+    virtual void NormalizeAllTopMosts() {}
+    virtual void RestoreTopMosts() {}
+    virtual void BringToFront() {}
 
     // A message of the window system that the program may look at first:
     // the title bar's help button arrives as a non-client press (161) with

@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <deque>
+#include <string>
+#include <vector>
 
 #include "platform/Application.h"
 
@@ -21,6 +23,11 @@ public:
     // closes it; without one the form is closed at once by its title bar.
     void RunModal(TForm& form) override;
     std::function<void(TForm&)> ModalLoop;
+    // No screen: the window-order calls are only recorded, by name.
+    void NormalizeAllTopMosts() override { WindowOrderCalls.emplace_back("NormalizeAllTopMosts"); }
+    void RestoreTopMosts() override { WindowOrderCalls.emplace_back("RestoreTopMosts"); }
+    void BringToFront() override { WindowOrderCalls.emplace_back("BringToFront"); }
+    std::vector<std::string> WindowOrderCalls;
 
     int ProcessMessagesCalls() const { return passes; }
     bool HasPendingEvents() const { return !queue.empty(); }

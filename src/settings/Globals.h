@@ -14,6 +14,7 @@
 
 class TComboBox;
 class TMenuItem;
+class TPlugIns;
 
 class TGlobals {
 public:
@@ -59,6 +60,7 @@ public:
     ConfigRecord Config;
     std::function<void(TMenuItem& sender)> MenuClick;
     std::unique_ptr<TEMailReg> EMailReg;
+    std::unique_ptr<TPlugIns> OwnedPlugIns; // the object behind PlugIns
 
 private:
     void FillMailClients();

@@ -1,5 +1,13 @@
+// TGlobals: the Help buttons run the extension whose id is "SystemHelp".
+
+#include "foundation/Utils.h"
+#include "plugins/PlugIns.h"
 #include "settings/Globals.h"
 
-// The help extension is started through the plug-in catalogue, which is not
-// built yet: until then a Help button does nothing.
-void TGlobals::RunSystemHelp() {}
+void TGlobals::RunSystemHelp() {
+    const int line = ExtensionIds.IndexOfName("SystemHelp");
+    if (line < 0 || !PlugIns) return;
+    const AnsiString caption = ExtensionIds.GetValue("SystemHelp");
+    if (PlugIns->ExecuteExtension(caption)) Utils->WriteLog("SystemHelp");
+    PlugIns->ParamList.Clear();
+}

@@ -14,6 +14,8 @@ public:
     TProcessId Open(const AnsiString& file, const std::vector<AnsiString>& args) override;
     bool WaitForExit(TProcessId process, std::uint32_t ms) override;
     int ExitCode(TProcessId process) override;
+    std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,
+                                              const std::vector<AnsiString>& args) override;
 
 private:
     TProcessId Spawn(const AnsiString& program, const std::vector<AnsiString>& args);

@@ -72,7 +72,7 @@ void TFilterCriteriaDialog::BindGroup(TControl& panel, QGroupBox& box) {
 }
 
 void TFilterCriteriaDialog::LayOutCriteria() {
-    matchBy.setObjectName("LMDrgMatchBy");
+    Attach(matchBy, form.LMDrgMatchBy);
     criteriaColumn.addWidget(&matchBy);
     struct TSide {
         TControl& group;
@@ -93,9 +93,9 @@ void TFilterCriteriaDialog::LayOutCriteria() {
                                     form.cbMailSubject, subjectToolsLabel, subjectTools,
                                     form.cbSubjectTools, subjectRules, form.LMDrgSubjectRules}}) {
         BindGroup(side.group, side.box);
-        side.text.setObjectName(QString::fromStdString(side.textControl.Name()));
-        side.tools.setObjectName(QString::fromStdString(side.toolsControl.Name()));
-        side.rules.setObjectName(QString::fromStdString(side.rulesControl.Name()));
+        Attach(side.text, side.textControl);
+        Attach(side.tools, side.toolsControl);
+        Attach(side.rules, side.rulesControl);
         side.toolsLabel.setText(TfrmFilterCriteria::QuickEditsLabel);
         side.grid.addWidget(&side.text, 0, 0, 1, 2);
         side.grid.addWidget(&side.toolsLabel, 1, 0);
@@ -103,23 +103,17 @@ void TFilterCriteriaDialog::LayOutCriteria() {
         side.grid.addWidget(&side.rules, 2, 0, 1, 2);
         side.rules.setFlat(true);
         criteriaColumn.addWidget(&side.box);
-        WatchHelp(side.text, side.textControl);
-        WatchHelp(side.tools, side.toolsControl);
-        WatchHelp(side.rules, side.rulesControl);
     }
     criteriaColumn.addStretch(1);
-    WatchHelp(matchBy, form.LMDrgMatchBy);
 }
 
 void TFilterCriteriaDialog::LayOutActions() {
     BindGroup(form.LMDgbAudioAlert, audioAlert);
-    audition.setObjectName("sbAuditionAlert");
     audition.setIcon(style()->standardIcon(QStyle::SP_MediaVolume));
     audition.setToolTip("Listen");
     BindCommonProperties(form.sbAuditionAlert, audition);
     connect(&audition, &QToolButton::clicked, this,
             [this] { Guarded([this] { form.sbAuditionAlert.Click(); }); });
-    mailArrival.setObjectName("LMDcmbMailArrival");
     mailArrivalLabel.setText(TfrmFilterCriteria::MailArrivalLabel);
     audioGrid.addWidget(&browseAlert, 0, 0);
     audioGrid.addWidget(&audition, 0, 1, Qt::AlignLeft);
@@ -128,10 +122,13 @@ void TFilterCriteriaDialog::LayOutActions() {
     actionsColumn.addWidget(&audioAlert);
 
     BindGroup(form.LMDgbMsgForwording, forwarding);
-    forwardMsg.setObjectName("LMDcbForwardMsg");
-    toCellPhone.setObjectName("LMDcbToCellPhone");
-    fwdAddress.setObjectName("cbFwdAddress");
-    msgSize.setObjectName("LMDseMsgSize");
+    for (auto [widget, control] : {std::pair<QWidget*, TControl*>{&audition, &form.sbAuditionAlert},
+                                   {&mailArrival, &form.LMDcmbMailArrival},
+                                   {&forwardMsg, &form.LMDcbForwardMsg},
+                                   {&fwdAddress, &form.cbFwdAddress},
+                                   {&toCellPhone, &form.LMDcbToCellPhone},
+                                   {&msgSize, &form.LMDseMsgSize}})
+        Attach(*widget, *control);
     fwdAddressLabel.setText(TfrmFilterCriteria::FwdAddressLabel);
     msgSizeLabel.setText(TfrmFilterCriteria::MsgSizeLabel);
     forwardGrid.addWidget(&forwardMsg, 0, 0, 1, 2);
@@ -143,20 +140,15 @@ void TFilterCriteriaDialog::LayOutActions() {
     actionsColumn.addWidget(&forwarding);
     actionsColumn.addStretch(1);
     OfferManageMenu(form.cbFwdAddress, fwdAddress);
-    WatchHelp(audition, form.sbAuditionAlert);
-    WatchHelp(mailArrival, form.LMDcmbMailArrival);
-    WatchHelp(forwardMsg, form.LMDcbForwardMsg);
-    WatchHelp(fwdAddress, form.cbFwdAddress);
-    WatchHelp(toCellPhone, form.LMDcbToCellPhone);
-    WatchHelp(msgSize, form.LMDseMsgSize);
 }
 
 void TFilterCriteriaDialog::LayOutOptions() {
     BindGroup(form.LMDGroupBox1, saveOptions);
-    deleteMsg.setObjectName("LMDcbDeleteMsg");
-    saveMsg.setObjectName("LMDcbSaveMsg");
-    saveAltFolder.setObjectName("LMDcbSaveAltFolder");
-    altFolder.setObjectName("LMDcbAltFolder");
+    for (auto [widget, control] : {std::pair<QWidget*, TControl*>{&deleteMsg, &form.LMDcbDeleteMsg},
+                                   {&saveMsg, &form.LMDcbSaveMsg},
+                                   {&saveAltFolder, &form.LMDcbSaveAltFolder},
+                                   {&altFolder, &form.LMDcbAltFolder}})
+        Attach(*widget, *control);
     altFolderLabel.setText(TfrmFilterCriteria::AltFolderLabel);
     saveGrid.addWidget(&deleteMsg, 0, 0);
     saveGrid.addWidget(&saveMsg, 1, 0);
@@ -167,10 +159,6 @@ void TFilterCriteriaDialog::LayOutOptions() {
     optionsColumn.addWidget(&saveOptions);
     optionsColumn.addStretch(1);
     OfferManageMenu(form.LMDcbAltFolder, altFolder);
-    WatchHelp(deleteMsg, form.LMDcbDeleteMsg);
-    WatchHelp(saveMsg, form.LMDcbSaveMsg);
-    WatchHelp(saveAltFolder, form.LMDcbSaveAltFolder);
-    WatchHelp(altFolder, form.LMDcbAltFolder);
 }
 
 void TFilterCriteriaDialog::LayOutButtons() {
@@ -247,6 +235,12 @@ bool TFilterCriteriaDialog::event(QEvent* event) {
         return true;
     }
     return TModalDialog::event(event);
+}
+
+// The widget of a control is named after it and shows its help.
+void TFilterCriteriaDialog::Attach(QWidget& widget, TControl& control) {
+    widget.setObjectName(QString::fromStdString(control.Name()));
+    WatchHelp(widget, control);
 }
 
 // A widget and the parts it is made of show the help of its control; a

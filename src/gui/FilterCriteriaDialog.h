@@ -51,6 +51,7 @@ private:
     void SetTabOrder();
     void FollowForm();
     void WatchHelp(QWidget& widget, TControl& control);
+    void Attach(QWidget& widget, TControl& control);
 
     TfrmFilterCriteria& form;
     QVBoxLayout layout{this};

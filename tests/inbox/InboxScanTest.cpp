@@ -139,8 +139,8 @@ TEST_F(InboxScan, ASecondStartUpSortKeepsTheUsersOrderAndTheNextDateClickReverse
 }
 
 TEST_F(InboxScan, CompareIgnoresCaseAndTreatsBadSizesAsZero) {
-    TListItem ann{"ann", {"", "", "x", "", "", ""}, false};
-    TListItem ANN{"ANN", {"", "", "y", "", "", ""}, false};
+    TListItem ann{"ann", {"", "", "x", "", "", ""}, false, {}};
+    TListItem ANN{"ANN", {"", "", "y", "", "", ""}, false, {}};
     Utils->SortColumn = 0;
     EXPECT_EQ(inbox.lvEmailListCompare(ann, ANN), 0);
     Utils->SortColumn = 3;

@@ -14,7 +14,7 @@ struct TListItem {
     bool Selected = false;
     // More about the row than its cells say, shown with the cell of the
     // list's HintColumn when the pointer rests on it.
-    AnsiString Hint;
+    AnsiString Hint = {};
 };
 
 struct TListColumn {

@@ -2,8 +2,11 @@
 // handler it stands for; the panel buttons take the focus in order.
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <functional>
 
@@ -115,6 +118,23 @@ TEST_F(GuiKeys, MenuButtonsOpenTheirMenusFromTheKeyboard) {
         ASSERT_EQ(dialogs.Transcript().size(), 1u);
         EXPECT_NE(dialogs.Transcript()[0].Pos(c.menu), 0) << dialogs.Transcript()[0].c_str();
     }
+}
+
+TEST_F(GuiKeys, TheMenuKeyOpensTheRowsMenu) {
+    form->lvEmailList.SetSelected(0, true);
+    QStringList entries;
+    QTimer::singleShot(50, [&] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            for (const QAction* action : menu->actions())
+                if (!action->isSeparator()) entries << action->text();
+            menu->close();
+        }
+    });
+    const QRect row = List().visualRect(List().model()->index(0, 0));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, row.center(),
+                          List().viewport()->mapToGlobal(row.center()));
+    QApplication::sendEvent(List().viewport(), &key);
+    EXPECT_EQ(entries.join('|'), "Run Mail|Run Mail with|Forward|Delete");
 }
 
 TEST_F(GuiKeys, F1IsTheHelpButton) {

@@ -55,11 +55,18 @@ bool ParseOptions(const std::vector<std::string>& args, TSearchOptions& options)
     return haveFolder && haveText;
 }
 
+// Written in 64 KiB pieces: a common word has hundreds of thousands of hits.
 void PrintHits(const TStringList& hits) {
+    constexpr std::size_t piece = 1 << 16;
     std::string out;
+    out.reserve(2 * piece);
     for (const AnsiString& hit : hits) {
         AppendEscaped(out, hit.view());
         out += '\n';
+        if (out.size() >= piece) {
+            std::fwrite(out.data(), 1, out.size(), stdout);
+            out.clear();
+        }
     }
     std::fwrite(out.data(), 1, out.size(), stdout);
 }

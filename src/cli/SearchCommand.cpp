@@ -55,13 +55,24 @@ bool ParseOptions(const std::vector<std::string>& args, TSearchOptions& options)
     return haveFolder && haveText;
 }
 
-void PrintHits(const TStringList& hits) {
+// Written as they come, in 64 KiB pieces: a common word has hundreds of
+// thousands of hits, which need not be held. Returns how many there were.
+std::size_t PrintHits(const TInboxFrm& inbox, const TSearchOptions& options) {
+    constexpr std::size_t piece = 1 << 16;
     std::string out;
-    for (const AnsiString& hit : hits) {
-        AppendEscaped(out, hit.view());
-        out += '\n';
-    }
+    out.reserve(2 * piece);
+    std::size_t count = 0;
+    inbox.EmitSearchHits(AnsiString(options.text), options.caseSensitive, options.wholeWord,
+                         static_cast<unsigned short>(options.where), [&](std::string_view hit) {
+                             ++count;
+                             AppendEscaped(out, hit);
+                             out += '\n';
+                             if (out.size() < piece) return;
+                             std::fwrite(out.data(), 1, out.size(), stdout);
+                             out.clear();
+                         });
     std::fwrite(out.data(), 1, out.size(), stdout);
+    return count;
 }
 
 int RunSearch(const std::vector<std::string>& args) {
@@ -96,17 +107,17 @@ int RunSearch(const std::vector<std::string>& args) {
     window.LMDcbxCaseSense.SetChecked(options.caseSensitive);
     window.LMDcbxWholeWord.SetChecked(options.wholeWord);
     window.LMDrgWhere.SetItemIndex(options.where);
+    bool found = false;
     if (options.hits) {
-        // Begin up to the hits; the rows are not wanted.
-        window.OnSearch(window.LMDcbSearchStr.Text(), options.caseSensitive, options.wholeWord,
-                        static_cast<unsigned short>(options.where));
-        PrintHits(window.SearchHits);
+        // The search of Begin, up to the hits; the rows are not wanted.
+        found = PrintHits(inbox, options) > 0;
     } else {
         window.LMDpfBeginClick();
         PrintRows(window.lvSrchResult);
+        found = window.SearchHits.Count() > 0;
     }
     std::fflush(stdout);
-    if (window.SearchHits.Count() > 0) return 0;
+    if (found) return 0;
     std::fprintf(stderr, "Text not found!\n");
     return 1;
 }

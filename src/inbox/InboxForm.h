@@ -3,6 +3,7 @@
 // sorts and filters the rows, and starts every command on them. Everything
 // here runs against control models; the screen binds to them from outside.
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -74,6 +75,9 @@ public:
     // What SearchMessages adds to the search window's hits, into any list.
     void AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where,
                           TStringList& hits) const;
+    // The same hits, one line at a time, to any receiver.
+    void EmitSearchHits(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where,
+                        const std::function<void(std::string_view)>& emit) const;
     void LMDpfSearchClick();
     // --- Rules for the selected message
     void LMDpfRulesClick();

@@ -54,8 +54,9 @@ bool TInboxFrm::GatherSearchPaths(unsigned short where, std::vector<std::string>
     return found;
 }
 
-void TInboxFrm::AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord,
-                                 unsigned short where, TStringList& hits) const {
+void TInboxFrm::EmitSearchHits(AnsiString text, bool caseSensitive, bool wholeWord,
+                               unsigned short where,
+                               const std::function<void(std::string_view)>& emit) const {
     std::vector<std::string> paths;
     if (!GatherSearchPaths(where, paths)) return;
     if (wholeWord) text = " " + text + " ";
@@ -69,9 +70,15 @@ void TInboxFrm::AppendSearchHits(AnsiString text, bool caseSensitive, bool whole
                                         hit.position);
                           line = paths[index];
                           line += tail;
-                          hits.Add(AnsiString(line));
+                          emit(line);
                       }
                   });
+}
+
+void TInboxFrm::AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord,
+                                 unsigned short where, TStringList& hits) const {
+    EmitSearchHits(std::move(text), caseSensitive, wholeWord, where,
+                   [&hits](std::string_view line) { hits.Add(AnsiString(line)); });
 }
 
 bool TInboxFrm::SearchMessages(AnsiString text, bool caseSensitive, bool wholeWord,

@@ -32,9 +32,9 @@ int RunProgram(const TProgramParts& parts) {
         struct TClear {
             ~TClear() { frmSendTo = nullptr; }
         } clearSendTo;
+        TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         TfrmMailSearch mailSearch;
         const TMailSearchGlobal mailSearchGlobal(mailSearch);
-        TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

@@ -11,6 +11,7 @@ TCliSession::TCliSession()
     Application = app.get();
     Shell = shell.get();
     Utils = utils.get();
+    TUtils::EnterDataFolder();
 }
 
 TCliSession::~TCliSession() {

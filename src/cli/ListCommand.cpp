@@ -2,8 +2,10 @@
 
 #include <cstdio>
 #include <string>
+#include <unistd.h>
 
 #include "cli/CliCommand.h"
+#include "cli/CliPaths.h"
 #include "cli/CliSession.h"
 #include "inbox/InboxForm.h"
 #include "script/FieldEscape.h"
@@ -54,14 +56,16 @@ bool ParseOptions(const std::vector<std::string>& args, TListOptions& options) {
 }
 
 void PrintRows(const TListView& list) {
+    // A terminal gets no control byte of a header: none can steer it.
+    const TEscape mode = ::isatty(STDOUT_FILENO) ? TEscape::Controls : TEscape::Documented;
     std::string out;
     out.reserve(1 << 16);
     for (int i = 0; i < list.Count(); ++i) {
         const TListItem& row = list.Item(i);
-        AppendEscaped(out, row.Caption.view());
+        AppendEscaped(out, row.Caption.view(), mode);
         for (const AnsiString& field : row.SubItems) {
             out += '\t';
-            AppendEscaped(out, field.view());
+            AppendEscaped(out, field.view(), mode);
         }
         out += '\n';
         if (out.size() > (1 << 16) - 4096) {
@@ -78,6 +82,11 @@ int RunList(const std::vector<std::string>& args) {
         std::fprintf(stderr, "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] "
                              "[--click COLUMN]...\n");
         return 2;
+    }
+    std::string problem;
+    if (!AbsoluteFolder(options.folder, problem)) {
+        std::fprintf(stderr, "list: %s\n", problem.c_str());
+        return 1;
     }
     TCliSession session;
     TInboxFrm inbox;

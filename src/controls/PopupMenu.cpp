@@ -1,8 +1,6 @@
 #include "controls/PopupMenu.h"
 
 #include "foundation/CaseFold.h"
-#include "platform/Application.h"
-#include "platform/Dialogs.h"
 
 namespace {
 
@@ -28,10 +26,4 @@ TMenuItem* TMenuItem::Find(const AnsiString& caption) {
 TMenuItem& TMenuItem::Insert(int index, std::unique_ptr<TMenuItem> item) {
     if (index < 0 || index > GetCount()) index = GetCount();
     return **items.insert(items.begin() + index, std::move(item));
-}
-
-void TPopupMenu::Popup(TPoint screen) {
-    if (OnPopup) OnPopup();
-    TMenuItem* chosen = Dialogs ? Dialogs->PopupMenu(*this, screen) : nullptr;
-    if (chosen && Application) Application->Post([chosen] { chosen->Click(); });
 }

@@ -1,5 +1,9 @@
 #include "inbox/ProgramEntry.h"
 
+#include <cstdio>
+
+#include "foundation/Utils.h"
+
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
@@ -15,7 +19,11 @@ void ShowUncaught(const char* message) {
 
 int RunProgram(const TProgramParts& parts) {
     TInstanceLock lock;
-    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) return 0;
+    if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) {
+        std::fprintf(stderr, "vellumdesk: %s\n", lock.Problem.c_str());
+        return 0;
+    }
+    TUtils::EnterDataFolder();
     try {
         if (parts.initialiseApplication) parts.initialiseApplication();
         Application->Title = "Vellumdesk";

@@ -9,17 +9,11 @@
 
 #include "controls/Cursor.h"
 #include "foundation/AnsiString.h"
+#include "foundation/RunningApp.h"
 
-class TApplication {
+class TApplication : public TRunningApp {
 public:
-    virtual ~TApplication() = default;
-
-    // Runs the events that are waiting, then returns.
-    virtual void ProcessMessages() = 0;
-    virtual bool Terminated() const = 0;
     virtual void Terminate() = 0;
-    // Milliseconds since some fixed moment; wraps after about 49 days.
-    virtual std::uint32_t GetTickCount() const = 0;
     // Queues work to run at the next ProcessMessages (a click, a timer).
     virtual void Post(std::function<void()> event) = 0;
     // Where the mouse is, in screen coordinates.
@@ -53,7 +47,6 @@ public:
         return OnHelp && OnHelp(helpKey, reinterpret_cast<long>(keyword.c_str()), callHelp);
     }
 
-    AnsiString ExeName;  // the program's own full path, argument 0
     AnsiString Title;    // "Vellumdesk"
     AnsiString HelpFile; // relative at start, made full by InitFolders
     TCursor ScreenCursor = crDefault;

@@ -1,11 +1,14 @@
 # Thin wrapper over CMake. `make test` builds and runs every test, twice: a
 # normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer.
+# `make install PREFIX=...` and `make package` install the program or make
+# its Debian package.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build
 ASAN_BUILD ?= build-asan
+PREFIX ?= /usr/local
 
-.PHONY: all bootstrap build test test-fast test-asan demo bench clean
+.PHONY: all bootstrap build test test-fast test-asan demo bench install package clean
 
 all: build
 
@@ -35,6 +38,14 @@ demo: build
 
 bench: build
 	bench/run-bench $(BUILD)
+
+# `make install PREFIX=/opt/vellumdesk`; DESTDIR= stages it elsewhere.
+install: build
+	DESTDIR=$(DESTDIR) cmake --install $(BUILD) --prefix $(PREFIX)
+
+# The Debian package, in the build folder.
+package: build
+	cmake --build $(BUILD) --target package
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

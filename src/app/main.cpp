@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "app/CommandLine.h"
 #include "gui/InboxWindow.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
@@ -45,6 +46,7 @@ void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (const int status = HandleCommandLine(argc, argv); status >= 0) return status;
     TDesktop desktop;
     TProgramParts parts;
     parts.initialiseApplication = [&] {

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliSession.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "settings/Globals.h"
@@ -11,10 +12,7 @@
 namespace {
 
 int RunClients(const std::vector<std::string>& args) {
-    if (!args.empty()) {
-        std::fprintf(stderr, "usage: vellumdesk-cli clients\n");
-        return 2;
-    }
+    if (!args.empty()) return CliUsageError("clients");
     TCliSession session;
     CreateRegistry = CreateDesktopRegistry;
     const TGlobals globals;
@@ -23,6 +21,6 @@ int RunClients(const std::vector<std::string>& args) {
     return 0;
 }
 
-const TCliCommand clientsCommand("clients", "", RunClients);
+const TCliCommand clientsCommand("clients", RunClients);
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliPaths.h"
 #include "cli/CliSession.h"
 #include "inbox/InboxForm.h"
@@ -79,9 +80,7 @@ void PrintRows(const TListView& list) {
 int RunList(const std::vector<std::string>& args) {
     TListOptions options;
     if (!ParseOptions(args, options)) {
-        std::fprintf(stderr, "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] "
-                             "[--click COLUMN]...\n");
-        return 2;
+        return CliUsageError("list");
     }
     std::string problem;
     if (!AbsoluteFolder(options.folder, problem)) {
@@ -117,7 +116,6 @@ int RunList(const std::vector<std::string>& args) {
     return 0;
 }
 
-const TCliCommand
-    listCommand("list", "FOLDER [--filter from|subject|date TEXT] [--click COLUMN]...", RunList);
+const TCliCommand listCommand("list", RunList);
 
 } // namespace

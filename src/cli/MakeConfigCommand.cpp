@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "foundation/StringList.h"
 #include "settings/ConfigRecord.h"
 
@@ -45,10 +46,7 @@ bool Apply(ConfigRecord& record, const AnsiString& name, const AnsiString& value
 }
 
 int RunMakeConfig(const std::vector<std::string>& args) {
-    if (args.size() != 2) {
-        std::fprintf(stderr, "usage: vellumdesk-cli make-config DESCRIPTION OUT\n");
-        return 2;
-    }
+    if (args.size() != 2) return CliUsageError("make-config");
     TStringList description;
     try {
         description.LoadFromFile(AnsiString(args[0]));
@@ -81,6 +79,6 @@ int RunMakeConfig(const std::vector<std::string>& args) {
     return 1;
 }
 
-const TCliCommand makeConfigCommand("make-config", "DESCRIPTION OUT", RunMakeConfig);
+const TCliCommand makeConfigCommand("make-config", RunMakeConfig);
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "cli/CliPaths.h"
 #include "cli/CliSession.h"
 #include "controls/PopupMenu.h"
@@ -13,13 +14,9 @@
 
 namespace {
 
-int Usage() {
-    std::fprintf(stderr, "usage: vellumdesk-cli open FILE [--client NAME]\n");
-    return 2;
-}
-
 int RunOpen(const std::vector<std::string>& args) {
-    if (args.size() != 1 && !(args.size() == 3 && args[1] == "--client")) return Usage();
+    if (args.size() != 1 && !(args.size() == 3 && args[1] == "--client"))
+        return CliUsageError("open");
     std::string file = args[0], problem;
     if (!AbsoluteFile(file, problem)) {
         std::fprintf(stderr, "open: %s\n", problem.c_str());
@@ -47,6 +44,6 @@ int RunOpen(const std::vector<std::string>& args) {
     return 1;
 }
 
-const TCliCommand openCommand("open", "FILE [--client NAME]", RunOpen);
+const TCliCommand openCommand("open", RunOpen);
 
 } // namespace

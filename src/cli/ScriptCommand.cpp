@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "cli/CliCommand.h"
+#include "cli/CliHelp.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
 #include "platform/linux/DesktopMailClients.h"
@@ -30,10 +31,7 @@ AnsiString DesktopProgramPath() {
 }
 
 int RunScript(const std::vector<std::string>& args) {
-    if (args.size() != 1) {
-        std::fprintf(stderr, "usage: vellumdesk-cli script FILE|-\n");
-        return 2;
-    }
+    if (args.size() != 1) return CliUsageError("script");
     std::string text;
     if (!ReadScript(args[0], text)) {
         std::fprintf(stderr, "script: cannot read %s\n", args[0].c_str());
@@ -50,6 +48,6 @@ int RunScript(const std::vector<std::string>& args) {
     return session.Run(commands, stderr);
 }
 
-const TCliCommand scriptCommand("script", "FILE|-", RunScript);
+const TCliCommand scriptCommand("script", RunScript);
 
 } // namespace

@@ -1,40 +1,31 @@
 // vellumdesk-cli: the program's core for scripts, benchmarks and terminals.
 
 #include <cstdio>
-#include <cstring>
+#include <string_view>
 
 #include "cli/CliCommand.h"
-
-namespace {
-
-std::vector<const TCliCommand*>& Registry() {
-    static std::vector<const TCliCommand*> commands;
-    return commands;
-}
-
-int Usage() {
-    std::fprintf(stderr, "usage: vellumdesk-cli COMMAND [ARG...]\n");
-    for (const TCliCommand* command : Registry())
-        std::fprintf(stderr, "  %s %s\n", command->Name, command->Usage);
-    return 2;
-}
-
-} // namespace
-
-TCliCommand::TCliCommand(const char* name, const char* usage, TCliRun run)
-    : Name(name), Usage(usage), Run(run) {
-    Registry().push_back(this);
-}
-
-const std::vector<const TCliCommand*>& CliCommands() {
-    return Registry();
-}
+#include "cli/CliHelp.h"
 
 int main(int argc, char** argv) {
-    if (argc < 2) return Usage();
-    for (const TCliCommand* command : Registry())
-        if (std::strcmp(command->Name, argv[1]) == 0)
-            return command->Run(std::vector<std::string>(argv + 2, argv + argc));
-    std::fprintf(stderr, "vellumdesk-cli: unknown command '%s'\n", argv[1]);
-    return Usage();
+    if (argc < 2) return CliUsageError("");
+    const std::string_view name = argv[1];
+    if (name == "--help" || name == "-h") {
+        PrintCliUsage(stdout);
+        return 0;
+    }
+    if (name == "--version") {
+        std::printf("vellumdesk-cli %s\n", VELLUMDESK_VERSION);
+        return 0;
+    }
+    const TCliCommand* command = FindCliCommand(name);
+    if (!command) {
+        std::fprintf(stderr, "vellumdesk-cli: unknown %s '%s'\n",
+                     name.starts_with('-') ? "option" : "command", argv[1]);
+        return CliUsageError("");
+    }
+    const std::vector<std::string> args(argv + 2, argv + argc);
+    if (const TCliUsage* usage = FindCliUsage(name)) {
+        if (const int status = CheckCliOptions(*usage, args); status >= 0) return status;
+    }
+    return command->Run(args);
 }

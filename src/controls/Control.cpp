@@ -48,6 +48,18 @@ void TControl::SetHeight(int value) {
     Changed(TChange::Properties);
 }
 
+void TControl::SetHint(const AnsiString& value) {
+    if (hint == value) return;
+    hint = value;
+    Changed(TChange::Properties);
+}
+
+bool TControl::EnabledWithParents() const {
+    for (const TControl* at = this; at; at = at->parent)
+        if (!at->enabled) return false;
+    return true;
+}
+
 TPoint TControl::ClientToScreen(TPoint client) const {
     return ScreenMapper ? ScreenMapper(client) : client;
 }

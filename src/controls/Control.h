@@ -46,6 +46,14 @@ public:
     void SetHelpContext(int value) { helpContext = value; }
     const AnsiString& HelpKeyword() const { return helpKeyword; }
     void SetHelpKeyword(const AnsiString& value) { helpKeyword = value; }
+    const AnsiString& Hint() const { return hint; }
+    void SetHint(const AnsiString& value);
+
+    // The control this one stands in (a group box, a tab sheet); a person
+    // cannot act on a control whose container is disabled.
+    TControl* Parent() const { return parent; }
+    void SetParent(TControl* value) { parent = value; }
+    bool EnabledWithParents() const;
 
     // A point of the control in screen coordinates; the binding supplies the
     // mapping, and a control without one is taken to stand at the origin.
@@ -70,6 +78,8 @@ private:
     int height = 0;
     int helpContext = 0;
     AnsiString helpKeyword;
+    AnsiString hint;
+    TControl* parent = nullptr;
     std::vector<std::pair<int, Listener>> listeners;
     int nextToken = 1;
 };

@@ -5,9 +5,11 @@
 // looked up by name. Nothing here passes a name through a command interpreter.
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "foundation/AnsiString.h"
+#include "foundation/ChildProcess.h"
 
 class TShell {
 public:
@@ -32,6 +34,14 @@ public:
     virtual bool WaitForExit(TProcessId process, std::uint32_t ms) = 0;
     // The exit code of an ended process, or -1 while it runs or when unknown.
     virtual int ExitCode(TProcessId process) = 0;
+    // Starts program (a full path, never looked up by name) as a child this
+    // program may wait for; null when it could not be started.
+    virtual std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,
+                                                      const std::vector<AnsiString>& args) {
+        (void)program;
+        (void)args;
+        return nullptr;
+    }
 };
 
 // The one shell of the process. Set by main() or by a test.

@@ -41,3 +41,51 @@ TPoint TQtApplication::CursorPos() const {
     const QPoint at = QCursor::pos();
     return {at.x(), at.y()};
 }
+
+void TQtApplication::RegisterModalView(const std::string& formName, TModalViewFactory factory) {
+    views[formName] = std::move(factory);
+}
+
+void TQtApplication::RunModal(TForm& form) {
+    const auto found = views.find(form.Name());
+    if (found == views.end()) {
+        form.WindowClose();
+        return;
+    }
+    const std::unique_ptr<TModalDialog> dialog = found->second(form);
+    if (form.Visible() && !terminated) dialog->exec();
+}
+
+void TQtApplication::NormalizeAllTopMosts() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || !(window->windowFlags() & Qt::WindowStaysOnTopHint)) continue;
+        normalized.append(window);
+        window->setWindowFlag(Qt::WindowStaysOnTopHint, false);
+        window->show(); // changing the flags hides a window
+    }
+}
+
+void TQtApplication::RestoreTopMosts() {
+    for (const QPointer<QWidget>& window : std::as_const(normalized)) {
+        if (!window) continue;
+        window->setWindowFlag(Qt::WindowStaysOnTopHint, true);
+        window->show();
+    }
+    normalized.clear();
+}
+
+// The modal dialog on top, if any, else the main window.
+void TQtApplication::BringToFront() {
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window) window = QApplication::activeWindow();
+    if (!window) {
+        for (QWidget* candidate : QApplication::topLevelWidgets())
+            if (candidate->isVisible() && candidate->isWindow()) {
+                window = candidate;
+                break;
+            }
+    }
+    if (!window) return;
+    window->raise();
+    window->activateWindow();
+}

@@ -158,3 +158,9 @@ void TInboxFrm::pmEmailersPopup() {
 void TInboxFrm::EmailerMenuClick(TMenuItem& sender) {
     RunMail(sender.Caption);
 }
+
+void TInboxFrm::LMDpfHelpClick() {
+    if (!PButtons->ButtonPress(LMDpfHelp)) return;
+    Globals->RunSystemHelp();
+    PButtons->ButtonRelease(LMDpfHelp);
+}

@@ -53,6 +53,7 @@ void TInboxFrm::SetUpControls() {
     LMDpfSubDelete.OnClick = [this] { LMDpfSubDeleteClick(); };
     LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
+    LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);

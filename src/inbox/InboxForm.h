@@ -57,6 +57,7 @@ public:
     void LMDpfRunMailClick();
     void lvEmailListDblClick() { LMDpfRunMailClick(); }
     void LMDpfSubEmailersClick();
+    void LMDpfHelpClick();
     void pmEmailersPopup();
     void EmailerMenuClick(TMenuItem& sender);
 

@@ -8,16 +8,31 @@
 #include <functional>
 
 #include "controls/Cursor.h"
+#include "controls/Form.h"
 #include "foundation/AnsiString.h"
 #include "foundation/RunningApp.h"
 
-class TApplication : public TRunningApp {
+class TApplication : public TRunningApp, public TModalHost {
 public:
+    // The newest application object runs the modal loops of shown forms.
+    TApplication() { TForm::ModalHost = this; }
+    ~TApplication() override {
+        if (TForm::ModalHost == this) TForm::ModalHost = nullptr;
+    }
+    // The modal form open on top, or null.
+    TForm* ModalForm() const { return TForm::TopModalForm(); }
+
     virtual void Terminate() = 0;
     // Queues work to run at the next ProcessMessages (a click, a timer).
     virtual void Post(std::function<void()> event) = 0;
     // Where the mouse is, in screen coordinates.
     virtual TPoint CursorPos() const { return {}; }
+    // Around a started program: take this program's windows out of the
+    // always-on-top state so the program can come in front, give that state
+    // back, and bring the main window to the front.
+    virtual void NormalizeAllTopMosts() {}
+    virtual void RestoreTopMosts() {}
+    virtual void BringToFront() {}
 
     // A message of the window system that the program may look at first:
     // the title bar's help button arrives as a non-client press (161) with

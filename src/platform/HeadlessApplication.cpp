@@ -38,3 +38,10 @@ std::uint32_t THeadlessApplication::GetTickCount() const {
     return static_cast<std::uint32_t>(
         std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count());
 }
+
+void THeadlessApplication::RunModal(TForm& form) {
+    if (ModalLoop)
+        ModalLoop(form);
+    else
+        form.WindowClose();
+}

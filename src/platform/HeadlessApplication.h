@@ -8,6 +8,8 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <string>
+#include <vector>
 
 #include "platform/Application.h"
 
@@ -20,6 +22,16 @@ public:
     void Terminate() override { terminated = true; }
     std::uint32_t GetTickCount() const override;
     void Post(std::function<void()> event) override;
+
+    // A modal loop: ModalLoop acts on the shown form (a test, a script) and
+    // closes it; without one the form is closed at once by its title bar.
+    void RunModal(TForm& form) override;
+    std::function<void(TForm&)> ModalLoop;
+    // No screen: the window-order calls are only recorded, by name.
+    void NormalizeAllTopMosts() override { WindowOrderCalls.emplace_back("NormalizeAllTopMosts"); }
+    void RestoreTopMosts() override { WindowOrderCalls.emplace_back("RestoreTopMosts"); }
+    void BringToFront() override { WindowOrderCalls.emplace_back("BringToFront"); }
+    std::vector<std::string> WindowOrderCalls;
 
     int ProcessMessagesCalls() const { return passes; }
     bool HasPendingEvents() const;

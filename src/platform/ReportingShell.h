@@ -29,6 +29,11 @@ public:
         return real.WaitForExit(process, ms);
     }
     int ExitCode(TProcessId process) override { return real.ExitCode(process); }
+    std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,
+                                              const std::vector<AnsiString>& args) override {
+        if (OnStart) OnStart(program, args);
+        return real.StartChild(program, args);
+    }
 
 private:
     TShell& real;

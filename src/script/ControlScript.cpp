@@ -1,10 +1,17 @@
 #include "script/ControlScript.h"
 
+#include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
+#include "controls/Edit.h"
+#include "controls/Form.h"
 #include "controls/ListView.h"
+#include "controls/Memo.h"
+#include "controls/PageControl.h"
 #include "controls/PanelButton.h"
 #include "controls/PopupMenu.h"
-#include "inbox/InboxForm.h"
+#include "controls/RadioGroup.h"
+#include "controls/SpeedButton.h"
+#include "controls/SpinEdit.h"
 #include "script/FieldEscape.h"
 
 namespace {
@@ -75,6 +82,56 @@ TResult OnComboBox(TComboBox& combo, const std::vector<std::string>& words) {
     return NotTaken(words);
 }
 
+// A choice by index among count: radio groups and page controls.
+template <typename Control>
+TResult OnPickIndex(Control& control, int count, const std::vector<std::string>& words) {
+    int index = 0;
+    if (words[0] != "pick" || words.size() != 3) return NotTaken(words);
+    if (!ParseIndex(words[2], index) || index >= count)
+        return "no item " + words[2] + " in '" + words[1] + "'";
+    control.UserPick(index);
+    return std::nullopt;
+}
+
+// A typed text: edits, memos and spin edits.
+template <typename Control>
+TResult OnTyping(Control& control, const std::vector<std::string>& words) {
+    if (words[0] != "type" || words.size() != 3) return NotTaken(words);
+    control.UserType(AnsiString(words[2]));
+    return std::nullopt;
+}
+
+// A plain click: panel buttons, speed buttons, check boxes.
+template <typename Control>
+TResult OnClick(Control& control, const std::vector<std::string>& words, void (Control::*click)()) {
+    if (words[0] != "click" || words.size() != 2) return NotTaken(words);
+    (control.*click)();
+    return std::nullopt;
+}
+
+TResult OnKnownControl(TControl& control, const std::vector<std::string>& words) {
+    if (auto* list = dynamic_cast<TListView*>(&control)) return OnListView(*list, words);
+    if (auto* combo = dynamic_cast<TComboBox*>(&control)) return OnComboBox(*combo, words);
+    if (auto* button = dynamic_cast<TPanelButton*>(&control))
+        return OnClick(*button, words, &TPanelButton::Click);
+    if (auto* speed = dynamic_cast<TSpeedButton*>(&control))
+        return OnClick(*speed, words, &TSpeedButton::Click);
+    if (auto* box = dynamic_cast<TCheckBox*>(&control))
+        return OnClick(*box, words, &TCheckBox::UserClick);
+    if (auto* group = dynamic_cast<TRadioGroup*>(&control))
+        return OnPickIndex(*group, group->Items().Count(), words);
+    if (auto* pages = dynamic_cast<TPageControl*>(&control))
+        return OnPickIndex(*pages, pages->PageCount(), words);
+    if (auto* edit = dynamic_cast<TEdit*>(&control)) return OnTyping(*edit, words);
+    if (auto* spin = dynamic_cast<TSpinEdit*>(&control)) return OnTyping(*spin, words);
+    if (auto* memo = dynamic_cast<TMemo*>(&control)) {
+        if (words[0] != "type" || words.size() != 3) return NotTaken(words);
+        memo->UserType(words[2]);
+        return std::nullopt;
+    }
+    return NotTaken(words);
+}
+
 const char* CursorName(TCursor cursor) {
     switch (cursor) {
     case crHourGlass:
@@ -128,33 +185,24 @@ bool IsWindowCommand(const std::string& command) {
     return false;
 }
 
-TControl* FindControl(const std::string& path, TInboxFrm& inbox) {
+TControl* FindControl(const std::string& path) {
     const auto dot = path.find('.');
-    if (dot == std::string::npos || path.substr(0, dot) != inbox.Name()) return nullptr;
-    return inbox.FindComponent(path.substr(dot + 1));
+    if (dot == std::string::npos) return nullptr;
+    TForm* form = TForm::FindForm(path.substr(0, dot));
+    return form ? form->FindComponent(path.substr(dot + 1)) : nullptr;
 }
 
 std::optional<std::string> ControlCommand(TControl& control,
                                           const std::vector<std::string>& words) {
-    if (auto* list = dynamic_cast<TListView*>(&control)) return OnListView(*list, words);
-    if (auto* combo = dynamic_cast<TComboBox*>(&control)) return OnComboBox(*combo, words);
-    if (auto* button = dynamic_cast<TPanelButton*>(&control)) {
-        if (words[0] != "click" || words.size() != 2) return NotTaken(words);
-        button->Click();
-        return std::nullopt;
-    }
-    return NotTaken(words);
+    // A person who acts on a control gives it the input focus first.
+    if (words[0] != "help" && control.Owner()) control.Owner()->SetActiveControl(&control);
+    return OnKnownControl(control, words);
 }
 
-std::vector<std::string> ShowControl(TControl& control) {
-    std::vector<std::string> lines;
-    if (auto* combo = dynamic_cast<TComboBox*>(&control))
-        lines.push_back(Line("Text", combo->Text().view()));
-    else if (!dynamic_cast<TListView*>(&control) && !dynamic_cast<TPopupMenu*>(&control))
-        lines.push_back(Line("Caption", control.Caption().view()));
-    lines.push_back(Flag("Enabled", control.Enabled()));
-    lines.push_back(Flag("Visible", control.Visible()));
-    lines.push_back(std::string("Cursor=") + CursorName(control.Cursor()));
+namespace {
+
+// What a control holds beyond the common properties, by its kind.
+void ShowKindState(TControl& control, std::vector<std::string>& lines) {
     if (auto* list = dynamic_cast<TListView*>(&control)) ShowListView(*list, lines);
     if (auto* combo = dynamic_cast<TComboBox*>(&control)) ShowComboBox(*combo, lines);
     if (auto* button = dynamic_cast<TPanelButton*>(&control)) {
@@ -165,5 +213,43 @@ std::vector<std::string> ShowControl(TControl& control) {
         for (int i = 0; i < menu->Items.GetCount(); ++i)
             lines.push_back(
                 Line("Items[" + std::to_string(i) + "]", menu->Items.Items(i).Caption.view()));
+    if (auto* box = dynamic_cast<TCheckBox*>(&control))
+        lines.push_back(Flag("Checked", box->Checked()));
+    if (auto* group = dynamic_cast<TRadioGroup*>(&control)) {
+        lines.push_back("ItemIndex=" + std::to_string(group->ItemIndex()));
+        for (int i = 0; i < group->Items().Count(); ++i)
+            lines.push_back(Line("Items[" + std::to_string(i) + "]", group->Items()[i].view()));
+    }
+    if (auto* spin = dynamic_cast<TSpinEdit*>(&control))
+        lines.push_back("Value=" + std::to_string(spin->Value()));
+    if (auto* memo = dynamic_cast<TMemo*>(&control)) {
+        lines.push_back("Count=" + std::to_string(memo->Lines().Count()));
+        for (int i = 0; i < memo->Lines().Count(); ++i)
+            lines.push_back(Line("Lines[" + std::to_string(i) + "]", memo->Lines()[i].view()));
+    }
+    if (auto* pages = dynamic_cast<TPageControl*>(&control)) {
+        lines.push_back("ActivePage=" + std::to_string(pages->ActivePageIndex()));
+        for (int i = 0; i < pages->PageCount(); ++i)
+            lines.push_back(
+                Line("Pages[" + std::to_string(i) + "]", pages->Page(i).Caption().view()));
+    }
+}
+
+} // namespace
+
+std::vector<std::string> ShowControl(TControl& control) {
+    std::vector<std::string> lines;
+    const bool hasText = dynamic_cast<TComboBox*>(&control) || dynamic_cast<TEdit*>(&control) ||
+                         dynamic_cast<TSpinEdit*>(&control);
+    if (hasText)
+        lines.push_back(Line("Text", control.Caption().view()));
+    else if (!dynamic_cast<TListView*>(&control) && !dynamic_cast<TPopupMenu*>(&control) &&
+             !dynamic_cast<TMemo*>(&control))
+        lines.push_back(Line("Caption", control.Caption().view()));
+    lines.push_back(Flag("Enabled", control.Enabled()));
+    lines.push_back(Flag("Visible", control.Visible()));
+    lines.push_back(std::string("Cursor=") + CursorName(control.Cursor()));
+    if (!control.Hint().IsEmpty()) lines.push_back(Line("Hint", control.Hint().view()));
+    ShowKindState(control, lines);
     return lines;
 }

@@ -7,12 +7,11 @@
 #include <vector>
 
 class TControl;
-class TInboxFrm;
 
 // The commands that act on a control of a window.
 bool IsWindowCommand(const std::string& command);
-// "Form.Control": the control of that window, or null.
-TControl* FindControl(const std::string& path, TInboxFrm& inbox);
+// "Form.Control": the control of that living window, or null.
+TControl* FindControl(const std::string& path);
 // Runs words (command, control, arguments) on control; a script error if the
 // control does not take the command or its arguments are wrong.
 std::optional<std::string> ControlCommand(TControl& control, const std::vector<std::string>& words);

@@ -5,6 +5,8 @@
 // is reported on the output as it happens, one tab-separated line each.
 
 #include <cstdio>
+#include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,19 +40,33 @@ private:
     TResult BeforeStart(const TScriptCommand& command);
     void InstallServices();
     void RemoveServices();
-    void RunWindow(TInboxFrm& inbox, const std::vector<TScriptCommand>& commands, std::size_t next);
-    TResult Execute(TInboxFrm& inbox, const TScriptCommand& command);
+    void RunWindow(TInboxFrm& inbox);
+    // Runs the script's next commands while more is true: the main window's
+    // loop, and the loop of each modal window while it is open.
+    void RunCommands(const std::function<bool()>& more);
+    TResult Execute(const TScriptCommand& command);
     TResult ExecuteOnControl(TControl& control, const TScriptCommand& command);
-    TResult Show(const std::string& target, TInboxFrm& inbox);
+    TResult Show(const std::string& target);
     void Drain();
     void Print(const std::vector<std::string>& fields);
+    // The answers queued before a command are for its dialogs and menus only.
+    void QueueAnswer(const TScriptCommand& command);
+    TResult ExecuteWithItsAnswers(const TScriptCommand& command);
+    void DropUnusedAnswers(std::size_t queued, std::size_t takenBefore);
 
     TRegistryFactory registry;
     THeadlessApplication application;
     TScriptedDialogs dialogs;
     TReportingShell shell;
     std::FILE* out;
+    std::FILE* err = stderr;
+    std::deque<int> answerLines; // the script line of each queued answer
+    std::size_t answersSeen = 0; // answers taken that answerLines has let go
     std::string handOffPath;
     std::optional<TScriptError> failure;
-    bool quit = false;
+    const std::vector<TScriptCommand>* script = nullptr;
+    std::size_t next = 0;
+    TInboxFrm* mainWindow = nullptr;
+    bool quit = false;    // the main window has closed
+    bool closing = false; // the script said quit
 };

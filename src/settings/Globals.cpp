@@ -8,6 +8,7 @@
 
 #include "foundation/FileDescriptor.h"
 #include "foundation/Utils.h"
+#include "plugins/PlugIns.h"
 #include "settings/PanelButtons.h"
 
 TGlobals* Globals = nullptr;
@@ -18,7 +19,8 @@ const AnsiString separators = "\\/";
 
 } // namespace
 
-TGlobals::TGlobals() {
+TGlobals::TGlobals() : OwnedPlugIns(std::make_unique<TPlugIns>()) {
+    PlugIns = OwnedPlugIns.get();
     FillMailClients();
     if (Application) {
         Application->OnMessage = [this](const TApplication::TMessage& message, bool& handled) {
@@ -31,6 +33,7 @@ TGlobals::TGlobals() {
 }
 
 TGlobals::~TGlobals() {
+    if (PlugIns == OwnedPlugIns.get()) PlugIns = nullptr;
     if (Application) {
         Application->OnMessage = nullptr;
         Application->OnHelp = nullptr;
@@ -58,7 +61,8 @@ void TGlobals::FillMailClients() {
 }
 
 // The data folder is the XDG data home + "Quillpost Users". The help folder
-// lies beside the program or beside the program's folder.
+// lies beside the program or beside the program's folder; an installed
+// program, in <prefix>/bin, finds it in <prefix>/share/vellumdesk.
 void TGlobals::InitFolders() {
     DataFolder = Utils->AddBackslash(Utils->GetSpecialFolder(26)) + "Quillpost Users";
     if (OsMajorVersion < 5) {
@@ -67,6 +71,9 @@ void TGlobals::InitFolders() {
         Utils->MakeFolder(DataFolder);
     }
     if (!Application) return;
+    PlugIns->SetDataFolder(DataFolder);
+    PlugIns->LoadExtensions("Extentions", ExtensionIds);
+    PlugIns->LoadPlugIns("PlugIns", PlugInIds);
     const AnsiString helpName = Application->HelpFile;
     const AnsiString appFolder = Utils->GetAppFolder();
     AnsiString helpPath = appFolder + helpName;
@@ -74,6 +81,8 @@ void TGlobals::InitFolders() {
         const AnsiString above =
             Utils->ParentPath(Utils->ParentPath(appFolder, separators), separators);
         helpPath = Utils->AddBackslash(above) + helpName;
+        const AnsiString installed = Utils->AddBackslash(above) + "share/vellumdesk/" + helpName;
+        if (!Utils->FileExists(helpPath) && Utils->FileExists(installed)) helpPath = installed;
     }
     Application->HelpFile = helpPath;
 }

@@ -13,6 +13,7 @@
 #include "settings/EMailReg.h"
 
 class TMenuItem;
+class TPlugIns;
 
 class TGlobals {
 public:
@@ -34,6 +35,8 @@ public:
     void AppMessage(const TApplication::TMessage& message, bool& handled);
     bool AppHelp(int command, long data, bool& callHelp);
     void ShowContextHelp(int id);
+    // What every window's Help button runs: the suite's help extension.
+    void RunSystemHelp();
 
     AnsiString DataFolder;
     AnsiString RejectedFolder;
@@ -43,6 +46,7 @@ public:
     ConfigRecord Config;
     std::function<void(TMenuItem& sender)> MenuClick;
     std::unique_ptr<TEMailReg> EMailReg;
+    std::unique_ptr<TPlugIns> OwnedPlugIns; // the object behind PlugIns
 
 private:
     void FillMailClients();

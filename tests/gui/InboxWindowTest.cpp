@@ -25,25 +25,6 @@
 
 namespace {
 
-// One QApplication for the test program, gone before the program's exit
-// handlers run (Qt's own globals must outlive it).
-class TQtEnvironment : public ::testing::Environment {
-public:
-    void SetUp() override {
-        static int argc = 1;
-        static char name[] = "gui_tests";
-        static char* argv[] = {name, nullptr};
-        app = std::make_unique<QApplication>(argc, argv);
-    }
-    void TearDown() override { app.reset(); }
-
-private:
-    std::unique_ptr<QApplication> app;
-};
-
-[[maybe_unused]] const auto* const qtEnvironment =
-    ::testing::AddGlobalTestEnvironment(std::make_unique<TQtEnvironment>().release());
-
 // The real window on Qt's offscreen platform, over a mailbox on disk and a
 // recording mail client; dialogs are answered by the test.
 class GuiWindow : public ::testing::Test {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <vector>
 
 #include "foundation/FileDescriptor.h"
 
@@ -132,21 +133,31 @@ TEST_F(GlobalsFixture, AnUnreadableConfigKeepsWhatTheLastLoadGave) {
     }
 }
 
-TEST(GlobalsHelp, HelpFileBesideTheProgramOrBesideItsFolder) {
-    TTempFolder folder;
-    {
+// The program lies in app/bin; which help files exist decides the one it takes.
+TEST(GlobalsHelp, HelpFileBesideTheProgramItsFolderOrUnderThePrefix) {
+    const struct {
+        std::vector<const char*> present;
+        const char* expected;
+    } cases[] = {
+        {{}, "app/Help/QUILLPOST.HLP"},
+        {{"app/bin/Help/QUILLPOST.HLP"}, "app/bin/Help/QUILLPOST.HLP"},
+        {{"app/Help/QUILLPOST.HLP"}, "app/Help/QUILLPOST.HLP"},
+        {{"app/share/vellumdesk/Help/QUILLPOST.HLP"}, "app/share/vellumdesk/Help/QUILLPOST.HLP"},
+        {{"app/Help/QUILLPOST.HLP", "app/share/vellumdesk/Help/QUILLPOST.HLP"},
+         "app/Help/QUILLPOST.HLP"},
+        {{"app/bin/Help/QUILLPOST.HLP", "app/share/vellumdesk/Help/QUILLPOST.HLP"},
+         "app/bin/Help/QUILLPOST.HLP"},
+    };
+    for (const auto& c : cases) {
+        TTempFolder folder;
+        for (const char* name : c.present)
+            folder.Write(name, "9=x\r\n");
         TGlobalScope scope{AnsiString(folder / "app/bin/vellumdesk")};
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TGlobals globals;
         globals.InitFolders();
-        EXPECT_EQ(Application->HelpFile, AnsiString(folder / "app/Help/QUILLPOST.HLP"));
+        EXPECT_EQ(Application->HelpFile, AnsiString(folder / c.expected)) << c.expected;
     }
-    folder.Write("app/bin/Help/QUILLPOST.HLP", "9=x\r\n");
-    TGlobalScope scope{AnsiString(folder / "app/bin/vellumdesk")};
-    Application->HelpFile = "Help/QUILLPOST.HLP";
-    TGlobals globals;
-    globals.InitFolders();
-    EXPECT_EQ(Application->HelpFile, AnsiString(folder / "app/bin/Help/QUILLPOST.HLP"));
 }
 
 TEST(GlobalsMenus, FillMenuAddsOnlyNewCaptions) {

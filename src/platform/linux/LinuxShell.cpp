@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxShell.h"
+#include "platform/linux/LinuxChildProcess.h"
 
 #include <cerrno>
 #include <chrono>
@@ -134,4 +135,9 @@ void TLinuxShell::ReapEnded() {
         int status = 0;
         if (code < 0 && ::waitpid(pid, &status, WNOHANG) == pid) code = StatusToExitCode(status);
     }
+}
+
+std::unique_ptr<TChildProcess> TLinuxShell::StartChild(const AnsiString& program,
+                                                       const std::vector<AnsiString>& args) {
+    return TLinuxChildProcess::Start(program, args);
 }

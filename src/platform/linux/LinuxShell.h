@@ -18,6 +18,8 @@ public:
     bool OpenFolder(const AnsiString& path) override;
     bool WaitForExit(TProcessId process, std::uint32_t ms) override;
     int ExitCode(TProcessId process) override;
+    std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,
+                                              const std::vector<AnsiString>& args) override;
 
 private:
     TProcessId Spawn(const AnsiString& program, const std::vector<AnsiString>& args);

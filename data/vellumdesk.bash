@@ -1,0 +1,2 @@
+# Completion of the desktop program's options in bash.
+complete -W '--help --version' vellumdesk

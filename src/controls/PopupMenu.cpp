@@ -15,6 +15,10 @@ std::string WithoutHotKeys(std::string_view caption) {
 
 } // namespace
 
+std::string TMenuItem::MatchText(std::string_view caption) {
+    return WithoutHotKeys(caption);
+}
+
 TMenuItem* TMenuItem::Find(const AnsiString& caption) {
     const std::string wanted = WithoutHotKeys(caption.view());
     for (auto& item : items)

@@ -1,17 +1,29 @@
 // TGlobals: menus from lists, opening a message in a mail client, and the
 // value behind a header name.
 
+#include <set>
+#include <string>
+
 #include "controls/PopupMenu.h"
+#include "foundation/CaseFold.h"
 #include "foundation/Utils.h"
 #include "platform/Dialogs.h"
 #include "settings/Globals.h"
 
+// The captions already there are kept in an ordered set, so a list of n lines
+// costs n log n comparisons, not one walk of the menu per line.
 int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
+    const auto less = [](const std::string& a, const std::string& b) {
+        return casefold::CompareText(a, b) < 0;
+    };
+    std::set<std::string, decltype(less)> present(less);
+    for (int i = 0; i < item.GetCount(); ++i)
+        present.insert(TMenuItem::MatchText(item.Items(i).Caption.view()));
     for (int i = 0; i < list.Count(); ++i) {
         if (list[i].IsEmpty()) continue;
         AnsiString caption = list.GetName(i);
         if (caption.IsEmpty()) caption = list[i];
-        if (item.Find(caption)) continue;
+        if (!present.insert(TMenuItem::MatchText(caption.view())).second) continue;
         auto entry = std::make_unique<TMenuItem>(caption);
         entry->OnClick = MenuClick;
         item.Add(std::move(entry));

@@ -1,14 +1,16 @@
 # Thin wrapper over CMake. `make test` builds and runs every test, twice: a
-# normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer.
+# normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer;
+# then the tests that use worker threads once more under ThreadSanitizer.
 # `make install PREFIX=...` and `make package` install the program or make
 # its Debian package.
 
 JOBS ?= $(shell nproc)
 BUILD ?= build
 ASAN_BUILD ?= build-asan
+TSAN_BUILD ?= build-tsan
 PREFIX ?= /usr/local
 
-.PHONY: all bootstrap build test test-fast test-asan demo bench install package clean
+.PHONY: all bootstrap build test test-fast test-asan test-tsan demo bench install package clean
 
 all: build
 
@@ -31,7 +33,16 @@ test-asan: bootstrap $(ASAN_BUILD)/build.ninja
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS)
 
-test: test-fast test-asan
+# The scan's worker threads under ThreadSanitizer: only the inbox tests are
+# built, without the Qt program, and only the worker tests run.
+$(TSAN_BUILD)/build.ninja: | bootstrap
+	cmake -S . -B $(TSAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELLUMDESK_TSAN=ON -DVELLUMDESK_GUI=OFF
+
+test-tsan: bootstrap $(TSAN_BUILD)/build.ninja
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target inbox_tests
+	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1 ctest --output-on-failure -R 'inbox\.(ScanPipeline|MessageReader|Swaps)'
+
+test: test-fast test-asan test-tsan
 
 demo: build
 	scripts/run-demo $(BUILD)
@@ -48,4 +59,4 @@ package: build
 	cmake --build $(BUILD) --target package
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(TSAN_BUILD)

@@ -3,7 +3,7 @@
 include(GNUInstallDirs)
 
 # The programs a user runs. A new program is one more name here.
-set(VELLUMDESK_PROGRAMS vellumdesk-cli vellumdesk)
+set(VELLUMDESK_PROGRAMS vellumdesk-cli vellumdesk vellumdesk-help)
 foreach(program IN LISTS VELLUMDESK_PROGRAMS)
   if(TARGET ${program})
     target_compile_definitions(${program} PRIVATE VELLUMDESK_VERSION="${PROJECT_VERSION}")

@@ -1,5 +1,6 @@
 // vellumdesk: the desktop program. One instance at a time; the lock is taken
-// before Qt exists, so a second start builds no screen at all.
+// before Qt exists, so a second start builds no screen at all: it only asks
+// the running instance to bring its window to the front, and ends.
 //
 // With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
 // window once the first scan is on the screen, and ends: that is how the demo
@@ -12,16 +13,24 @@
 #include <memory>
 
 #include "app/CommandLine.h"
+#include "gui/FilterCriteriaDialog.h"
 #include "gui/InboxWindow.h"
+#include "gui/MailSearchDialog.h"
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
+#include "gui/RaiseChannel.h"
+#include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/Dialogs.h"
 #include "platform/ProgramPath.h"
 #include "platform/Shell.h"
+#include "platform/Sound.h"
+#include "platform/linux/CanberraSound.h"
+#include "platform/linux/CurlSmtp.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -30,6 +39,7 @@ struct TDesktop {
     std::unique_ptr<TQtApplication> application;
     std::unique_ptr<TQtDialogs> dialogs;
     std::unique_ptr<TLinuxShell> shell;
+    std::unique_ptr<TCanberraSound> sound;
 };
 
 void SaveScreenshotAndQuit(TInboxWindow& window, const char* path) {
@@ -54,15 +64,25 @@ int main(int argc, char** argv) {
         QApplication::setApplicationName("Vellumdesk");
         desktop.application = std::make_unique<TQtApplication>();
         desktop.application->ExeName = OwnProgramPath(argv[0]);
+        desktop.application->RegisterModalView("frmMailSearch", [](TForm& form) {
+            return std::make_unique<TMailSearchDialog>(static_cast<TfrmMailSearch&>(form));
+        });
         Application = desktop.application.get();
+        desktop.application->RegisterModalView("frmSendTo", TSendToDialog::Create);
         desktop.dialogs = std::make_unique<TQtDialogs>();
         Dialogs = desktop.dialogs.get();
         desktop.shell = std::make_unique<TLinuxShell>();
         Shell = desktop.shell.get();
+        desktop.sound = std::make_unique<TCanberraSound>();
+        Sound = desktop.sound.get();
+        desktop.application->RegisterModalView("frmFilterCriteria", MakeFilterCriteriaDialog);
         CreateRegistry = CreateDesktopRegistry;
+        CreateSmtpClient = CreateCurlSmtp;
     };
+    parts.alreadyRunning = [] { TRaiseChannel::Ring(TRaiseChannel::PathFor(instanceLockName)); };
     parts.run = [&](TInboxFrm& inbox) {
         TInboxWindow window(inbox);
+        TRaiseChannel raise(TRaiseChannel::PathFor(instanceLockName), window);
         desktop.dialogs->Parent = &window;
         inbox.OnClose = [] { Application->Terminate(); };
         if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))
@@ -74,6 +94,7 @@ int main(int argc, char** argv) {
     };
     const int code = RunProgram(parts);
     Dialogs = nullptr;
+    Sound = nullptr;
     Shell = nullptr;
     Application = nullptr;
     return code;

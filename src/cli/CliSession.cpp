@@ -1,5 +1,7 @@
 #include "cli/CliSession.h"
 
+#include <algorithm>
+
 #include "platform/ProgramPath.h"
 #include "platform/linux/LinuxShell.h"
 
@@ -18,4 +20,19 @@ TCliSession::~TCliSession() {
     Utils = nullptr;
     Shell = nullptr;
     Application = nullptr;
+}
+
+AnsiString DesktopProgramPath() {
+    const AnsiString self = OwnProgramPath();
+    return self.SubString(1, self.LastDelimiter("/")) + "vellumdesk";
+}
+
+bool TakeProgramOption(std::vector<std::string>& args, AnsiString& program) {
+    program = DesktopProgramPath();
+    const auto option = std::find(args.begin(), args.end(), "--program");
+    if (option == args.end()) return true;
+    if (option + 1 == args.end() || option[1].empty()) return false;
+    program = AnsiString(option[1]);
+    args.erase(option, option + 2);
+    return true;
 }

@@ -44,7 +44,12 @@ inline constexpr TCliOption click{
     "3 Size, 4 Attachments, 5 Content-Type, 6 File Name. A second click on the same "
     "column turns the order around."};
 
-inline constexpr TCliOption listOptions[] = {filter, click};
+inline constexpr TCliOption listOptions[] = {
+    filter,
+    click,
+    {"--timings", "", 0, false, "",
+     "Say on standard error how long the scan with its first sort and each click took."},
+};
 
 inline constexpr TCliOption searchOptions[] = {
     {"--case", "", 0, false, "", "Match upper and lower case exactly."},
@@ -60,6 +65,12 @@ inline constexpr TCliOption openOptions[] = {
     {"--client", "NAME", 1, false, "",
      "The display name of the mail client to use; without it, the client chosen in "
      "Config.cfg."},
+};
+
+inline constexpr TCliOption programOptions[] = {
+    {"--program", "PATH", 1, false, "",
+     "Run as the desktop program at PATH would: with the hand-off file, log, help texts "
+     "and extensions beside PATH instead of beside the vellumdesk next to this program."},
 };
 
 inline constexpr TCliUsage commands[] = {
@@ -78,14 +89,10 @@ inline constexpr TCliUsage commands[] = {
     {"open", "FILE", openOptions,
      "Open a message file in a mail client, as Run Mail does, and return without "
      "waiting for the client."},
-    {"plugins",
-     "",
-     {},
+    {"plugins", "", programOptions,
      "Print the four plug-in lists the program builds at start, one LIST<TAB>TEXT line "
      "per entry."},
-    {"script",
-     "FILE|-",
-     {},
+    {"script", "FILE|-", programOptions,
      "Run one session of the desktop program from a script (- reads standard input) and "
      "print, tab-separated, what the session shows and starts."},
     {"make-config",

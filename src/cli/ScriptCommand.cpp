@@ -9,8 +9,10 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "cli/CliSession.h"
 #include "foundation/FileDescriptor.h"
 #include "platform/ProgramPath.h"
+#include "platform/linux/CanberraSound.h"
 #include "platform/linux/DesktopMailClients.h"
 #include "platform/linux/LinuxShell.h"
 #include "script/ScriptSession.h"
@@ -29,14 +31,10 @@ bool ReadScript(const std::string& name, std::string& text) {
     return !file.bad();
 }
 
-// The desktop program beside this one: its hand-off file, log and help.
-AnsiString DesktopProgramPath() {
-    const AnsiString self = OwnProgramPath();
-    return self.SubString(1, self.LastDelimiter("/")) + "vellumdesk";
-}
-
-int RunScript(const std::vector<std::string>& args) {
-    if (args.size() != 1) return CliUsageError("script");
+int RunScript(const std::vector<std::string>& arguments) {
+    std::vector<std::string> args = arguments;
+    AnsiString program;
+    if (!TakeProgramOption(args, program) || args.size() != 1) return CliUsageError("script");
     std::string text;
     if (!ReadScript(args[0], text)) {
         std::fprintf(stderr, "script: cannot read %s\n", args[0].c_str());
@@ -49,7 +47,8 @@ int RunScript(const std::vector<std::string>& args) {
         return 2;
     }
     TLinuxShell shell;
-    TScriptSession session(shell, CreateDesktopRegistry, DesktopProgramPath(), stdout);
+    TCanberraSound sound;
+    TScriptSession session(shell, CreateDesktopRegistry, program, stdout, &sound);
     return session.Run(commands, stderr);
 }
 

@@ -5,9 +5,11 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "platform/linux/CurlSmtp.h"
 
 int main(int argc, char** argv) {
     if (argc < 2) return CliUsageError("");
+    CreateSmtpClient = CreateCurlSmtp;
     const std::string_view name = argv[1];
     if (name == "--help" || name == "-h") {
         PrintCliUsage(stdout);

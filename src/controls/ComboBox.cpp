@@ -34,12 +34,16 @@ void TComboBox::SetText(const AnsiString& value) {
     SetCaption(value);
 }
 
+// A person cannot act on a combo box that is disabled or stands in a
+// disabled group.
 void TComboBox::UserPick(int index) {
+    if (!EnabledWithParents()) return;
     SetItemIndex(index);
     if (OnChange) OnChange();
 }
 
 void TComboBox::UserType(const AnsiString& value) {
+    if (!EnabledWithParents()) return;
     SetText(value);
     if (OnChange) OnChange();
 }

@@ -13,6 +13,9 @@ struct TListItem {
     AnsiString Caption;
     std::vector<AnsiString> SubItems;
     bool Selected = false;
+    // More about the row than its cells say, shown with the cell of the
+    // list's HintColumn when the pointer rests on it.
+    AnsiString Hint;
 };
 
 struct TListColumn {
@@ -25,6 +28,8 @@ public:
     using TControl::TControl;
 
     std::vector<TListColumn> Columns;
+    // The column whose cells also show their row's Hint; -1 for none.
+    int HintColumn = -1;
 
     // Items
     int Count() const { return static_cast<int>(items.size()); }

@@ -19,7 +19,8 @@ class TMenuItem {
 public:
     explicit TMenuItem(AnsiString caption = {}) : Caption(std::move(caption)) {}
 
-    AnsiString Caption;
+    AnsiString Caption;  // "-" stands for a separator line
+    bool Enabled = true; // a disabled entry cannot be chosen
     std::function<void(TMenuItem& sender)> OnClick;
 
     int GetCount() const { return static_cast<int>(items.size()); }

@@ -1,14 +1,21 @@
 #include "controls/SpinEdit.h"
 
+#include <algorithm>
+
+int TSpinEdit::Bounded(int number) const {
+    if (MinValue >= MaxValue) return number;
+    return std::clamp(number, MinValue, MaxValue);
+}
+
 void TSpinEdit::SetValue(int number) {
-    value = number;
-    SetCaption(AnsiString(std::to_string(number)));
+    value = Bounded(number);
+    SetCaption(AnsiString(std::to_string(value)));
     Changed(TChange::Selection);
 }
 
 void TSpinEdit::UserType(const AnsiString& typed) {
     if (!EnabledWithParents()) return;
-    value = typed.Trim().ToIntDef(value);
+    value = Bounded(typed.Trim().ToIntDef(value));
     SetCaption(typed);
     Changed(TChange::Selection);
     if (OnChange) OnChange();

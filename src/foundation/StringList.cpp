@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "foundation/AtomicFile.h"
 #include "foundation/CaseFold.h"
 #include "foundation/FileDescriptor.h"
 
@@ -148,47 +149,6 @@ void TStringList::LoadFromFile(const AnsiString& path) {
     SetText(content);
 }
 
-namespace {
-
-// The file that a write to path really changes: a symbolic link is followed
-// to its target, so the link itself stays in place.
-std::string ResolveLinkTarget(const std::string& path) {
-    std::string current = path;
-    for (int hops = 0; hops < 40; ++hops) {
-        struct stat st {};
-        if (lstat(current.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return current;
-        std::string target(PATH_MAX, '\0');
-        const ssize_t n = readlink(current.c_str(), target.data(), target.size());
-        if (n < 0) return current;
-        target.resize(static_cast<std::size_t>(n));
-        if (!target.empty() && target[0] != '/') {
-            const auto slash = current.rfind('/');
-            if (slash != std::string::npos) target = current.substr(0, slash + 1) + target;
-        }
-        current = target;
-    }
-    return current;
-}
-
-} // namespace
-
 void TStringList::SaveToFile(const AnsiString& path) const {
-    const std::string target = ResolveLinkTarget(path.str());
-    const std::string text = GetText().str();
-    std::string temp = target + ".XXXXXX";
-    const int raw = mkstemp(temp.data());
-    if (raw < 0)
-        throw EFCreateError("Cannot create file \"" + path.str() + "\". " + std::strerror(errno));
-    TFileDescriptor fd(raw);
-    struct stat old {};
-    const mode_t mode = stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-    const bool written =
-        WriteAll(fd.Get(), text) && fchmod(fd.Get(), mode) == 0 && fsync(fd.Get()) == 0;
-    const int savedErrno = errno;
-    fd.Close();
-    if (!written || rename(temp.c_str(), target.c_str()) != 0) {
-        const int error = written ? errno : savedErrno;
-        unlink(temp.c_str());
-        throw EFCreateError("Cannot create file \"" + path.str() + "\". " + std::strerror(error));
-    }
+    SaveFileAtomically(path, GetText().view());
 }

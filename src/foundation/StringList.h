@@ -28,9 +28,7 @@ public:
     AnsiString GetText() const;
     void SetText(std::string_view text);
     void LoadFromFile(const AnsiString& path);
-    // Writes a temporary file beside the target and renames it over the old
-    // one, so a reader never sees half a file; a symbolic link keeps pointing
-    // at the file it named, which receives the new text.
+    // Replaces the file whole and atomically (AtomicFile.h).
     void SaveToFile(const AnsiString& path) const;
 
     bool Sorted() const { return sorted; }

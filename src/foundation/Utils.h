@@ -91,6 +91,9 @@ public:
     // An existing folder in the desktop's file manager.
     bool OpenFolder(const AnsiString& path);
 
+    // --- Rule lines: the Text of a rule's nine-line list as one file line.
+    AnsiString FlattenRuleText(const AnsiString& text) const;
+
     // --- Message list helpers
     static AnsiString NormaliseDate(const AnsiString& value);
     void ToggleSort(TSortable& list, int column);

@@ -1,7 +1,9 @@
 #pragma once
 // What every bound widget shows of its control: enabled, visible, cursor,
-// size where the window sets one. Cursors map to the desktop's shapes.
+// size where the window sets one, and its help text as the accessible
+// description. Cursors map to the desktop's shapes.
 
+#include <QString>
 #include <Qt>
 
 #include "controls/Control.h"
@@ -25,6 +27,13 @@ template <typename Action> void Guarded(Action&& action) {
         ShowUncaughtException("");
     }
 }
+// The help text of a help context, from the application's help file; empty
+// when it has none. Widgets read it out as their description.
+QString HelpTextOf(int context);
+// Describes root and every bound widget in it from its control's help text;
+// for when the help file was found only after the widgets were bound.
+void DescribeFromHelp(QWidget& root);
+
 // Keeps widget's enabled state, visibility and cursor in step with control.
 // width: also follow the control's width (for controls the window sizes).
 void BindCommonProperties(TControl& control, QWidget& widget, bool width = false);

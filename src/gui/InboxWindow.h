@@ -2,10 +2,12 @@
 // The main window on screen: the filter bar, the list of messages, the
 // button bar and the status bar, each widget bound to its control in
 // TInboxFrm. The first show runs the window's activation; closing it closes
-// the form. Every widget and binding is a member, so the window owns them
+// the form. Every key of the window goes to the handler of the button or
+// list event it stands for. Every widget and binding is a member, so the window owns them
 // outright; bindings are declared last and go first.
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,6 +17,7 @@
 #include <QWidget>
 
 #include "gui/ComboBoxBinding.h"
+#include "gui/InboxListCommands.h"
 #include "gui/ListViewBinding.h"
 #include "gui/PanelButtonWidget.h"
 
@@ -25,6 +28,8 @@ class TInboxWindow : public QWidget {
 public:
     explicit TInboxWindow(TInboxFrm& form);
     ~TInboxWindow() override;
+
+    TInboxListCommands& ListCommands() { return listCommands; }
 
 signals:
     // The activation has run: the first scan is on the screen.
@@ -48,13 +53,15 @@ private:
     void LayOutButtonBar();
     void LayOutStatusBar();
     void FollowForm();
+    void SetUpKeys();
+    void SetUpAccessibility();
 
     TInboxFrm& form;
     QVBoxLayout layout{this};
 
     QWidget filterBar;
     QHBoxLayout filterRow{&filterBar};
-    QLabel filterTypeLabel{"Filtering:"}, filterTextLabel{"Text:"};
+    QLabel filterTypeLabel{"&Filtering:"}, filterTextLabel{"&Text:"};
     QComboBox filterType, filterText;
 
     QTreeView list;
@@ -67,12 +74,20 @@ private:
     QFrame statusBar;
     QHBoxLayout statusRow{&statusBar};
     QLabel status, date;
+    // How far a running scan has read, beside the message count; empty otherwise.
+    QLabel scanProgress;
+    QElapsedTimer scanProgressShown;
 
     TListViewBinding listBinding;
     TComboBoxBinding filterTypeBinding, filterTextBinding;
+    TInboxListCommands listCommands;
 
     // The title bar's "?" is not offered by every window manager; Shift+F1 is.
     QShortcut helpKey{QKeySequence(Qt::SHIFT | Qt::Key_F1), this};
+    QShortcut refreshKey{QKeySequence(Qt::Key_F5), this};
+    QShortcut closeKey{QKeySequence(Qt::Key_Escape), this};
+    QShortcut quitKey{QKeySequence(Qt::CTRL | Qt::Key_Q), this};
+    QShortcut deleteKey{QKeySequence(Qt::Key_Delete), &list};
 
     int subscription = 0;
     bool activatedOnce = false;

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QShortcut>
 #include <QTreeView>
 
 #include "gui/ControlBinding.h"
@@ -23,6 +24,13 @@ TListViewBinding::TListViewBinding(TListView& list, QTreeView& view) : model(lis
             [&list](int column) { Guarded([&] { list.ColumnClick(column); }); });
     connect(&view, &QTreeView::doubleClicked, this,
             [&list](const QModelIndex&) { Guarded([&] { list.DblClick(); }); });
+    // Enter on a row is what a double click on it is.
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* enter = new QShortcut(QKeySequence(key), &view); // owned by the view
+        enter->setContext(Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, this, [&list] { Guarded([&] { list.DblClick(); }); });
+    }
+    view.setItemDelegate(&delegate);
     connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { ViewSelectionChanged(); });
     connect(&model, &TListViewModel::selectionChangedInModel, this,

@@ -28,11 +28,16 @@ int TListViewModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TListViewModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= list.Count() || role != Qt::DisplayRole) return {};
+    if (!index.isValid() || index.row() >= list.Count()) return {};
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
     const TListItem& row = list.Item(index.row());
-    if (index.column() == 0) return ToQString(row.Caption);
     const auto sub = static_cast<std::size_t>(index.column() - 1);
-    return sub < row.SubItems.size() ? ToQString(row.SubItems[sub]) : QString();
+    const QString text = index.column() == 0         ? ToQString(row.Caption)
+                         : sub < row.SubItems.size() ? ToQString(row.SubItems[sub])
+                                                     : QString();
+    if (role == Qt::ToolTipRole && index.column() == list.HintColumn && !row.Hint.IsEmpty())
+        return text + '\n' + ToQString(row.Hint);
+    return text;
 }
 
 QVariant TListViewModel::headerData(int section, Qt::Orientation orientation, int role) const {

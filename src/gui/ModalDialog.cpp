@@ -5,12 +5,13 @@
 #include "controls/Form.h"
 #include "gui/ControlBinding.h"
 #include "gui/QtText.h"
+#include "gui/WindowFrame.h"
 
 TModalDialog::TModalDialog(TForm& form, QWidget* parent) : QDialog(parent), form(form) {
-    setWindowTitle(ToQString(form.Caption()));
+    setWindowTitle(WindowTitleOf(form.Caption()));
     subscription = form.Subscribe([this](TControl&, TChange change) {
         if (change != TChange::Properties) return;
-        setWindowTitle(ToQString(this->form.Caption()));
+        setWindowTitle(WindowTitleOf(this->form.Caption()));
         if (!this->form.Visible() && isVisible()) done(0);
     });
 }
@@ -21,6 +22,16 @@ TModalDialog::~TModalDialog() {
 
 void TModalDialog::reject() {
     Guarded([this] { form.WindowClose(); });
+}
+
+// The dialog's widgets exist only now, built by the derived view: the keys
+// go to its buttons, and it opens no larger than the screen.
+void TModalDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (prepared) return;
+    prepared = true;
+    InstallWindowKeys(*this);
+    FitIntoScreen(*this);
 }
 
 void TModalDialog::closeEvent(QCloseEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 // The on-screen view of a modal form: a QDialog that closes when the form is
 // hidden, and whose Escape key and title-bar close go to the form's own
-// window close, so the form decides what closing means.
+// window close, so the form decides what closing means. Like the main
+// window, it names the program in its title, fits the screen, and gives its
+// panel buttons Alt hot keys and F1 to its Help button.
 
 #include <QDialog>
 
@@ -16,9 +18,11 @@ public:
     void reject() override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     TForm& form;
     int subscription = 0;
+    bool prepared = false;
 };

@@ -7,6 +7,7 @@
 #include <QWhatsThis>
 
 #include "controls/PopupMenu.h"
+#include "gui/PopupPlacement.h"
 #include "gui/QtText.h"
 
 int TQtDialogs::MessageBox(const AnsiString& text, const AnsiString& caption, int style) {
@@ -43,9 +44,19 @@ TMenuItem* TQtDialogs::PopupMenu(TPopupMenu& popup, TPoint screen) {
     QMenu menu(Parent);
     for (int i = 0; i < popup.Items.GetCount(); ++i) {
         TMenuItem& item = popup.Items.Items(i);
-        menu.addAction(ToQString(item.Caption))->setData(QVariant::fromValue<void*>(&item));
+        if (item.Caption == "-") {
+            menu.addSeparator();
+            continue;
+        }
+        QAction* action = menu.addAction(ToQString(item.Caption));
+        action->setData(QVariant::fromValue<void*>(&item));
+        action->setEnabled(item.Enabled);
     }
-    const QAction* chosen = menu.exec(QPoint(screen.X, screen.Y));
+    const QPoint at(screen.X, screen.Y);
+    menu.ensurePolished();
+    const QPoint position =
+        PopupPosition(at, menu.sizeHint(), AvailableAreaAt(at), AnchorTopAt(at));
+    const QAction* chosen = menu.exec(position);
     return chosen ? static_cast<TMenuItem*>(chosen->data().value<void*>()) : nullptr;
 }
 
@@ -58,10 +69,24 @@ AnsiString TQtDialogs::BrowseForFolder(const AnsiString& title, const AnsiString
         QFileDialog::getExistingDirectory(Parent, ToQString(title), ToQString(start)));
 }
 
+// A filter of "description|pattern" pairs, as the windows give it, becomes
+// Qt's "description (pattern);;..." form; "*.*" means every file.
+QString QtFileFilter(const AnsiString& filter) {
+    const QStringList parts = ToQString(filter).split('|');
+    QStringList entries;
+    for (int i = 0; i + 1 < parts.size(); i += 2) {
+        QString pattern = parts[i + 1];
+        pattern.replace("*.*", "*");
+        pattern.replace(';', ' ');
+        entries << parts[i] + " (" + pattern + ")";
+    }
+    return entries.join(";;");
+}
+
 AnsiString TQtDialogs::OpenFile(const AnsiString& title, const AnsiString& start,
                                 const AnsiString& filter) {
     return FromQString(QFileDialog::getOpenFileName(Parent, ToQString(title), ToQString(start),
-                                                    ToQString(filter)));
+                                                    QtFileFilter(filter)));
 }
 
 void TQtDialogs::ShowException(const AnsiString& message) {

@@ -4,7 +4,12 @@
 
 #include "platform/Dialogs.h"
 
+#include <QString>
+
 class QWidget;
+
+// "description|pattern|..." as Qt's "description (pattern);;..." filter.
+QString QtFileFilter(const AnsiString& filter);
 
 class TQtDialogs : public TDialogs {
 public:

@@ -1,8 +1,6 @@
 // TInboxFrm: the buttons and menus: refresh, close, browse, mailboxes,
 // deletion and opening the selected message.
 
-#include <unistd.h>
-
 #include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
@@ -16,10 +14,6 @@ const AnsiString warning = "Warning";
 
 bool Confirmed(const AnsiString& text) {
     return Dialogs && Dialogs->MessageBox(text, warning, mbOKCancel) == idOK;
-}
-
-void DeleteFile(const AnsiString& path) {
-    ::unlink(path.c_str());
 }
 
 } // namespace
@@ -83,7 +77,7 @@ void TInboxFrm::LMDpfDeleteClick() {
         text.sprintf("\nYou are about to delete:\n\n %s\n\n Press OK to continue?\n", name.c_str());
         if (Confirmed(text)) {
             SetReady(false);
-            DeleteFile(Utils->AddBackslash(MailboxFolder) + name);
+            DeleteListedFile(name);
             ScanMessages();
             AnsiString status;
             LMDpfStatusBar.SetCaption(status.sprintf("%s Deleted!", name.c_str()));
@@ -119,7 +113,7 @@ void TInboxFrm::DeleteMessages(bool all) {
             if (all) lvEmailList.SetSelected(i, true);
             if (!lvEmailList.Item(i).Selected) continue;
             const AnsiString name = lvEmailList.Item(i).SubItems.at(5);
-            DeleteFile(Utils->AddBackslash(MailboxFolder) + name);
+            DeleteListedFile(name);
             AnsiString status;
             LMDpfStatusBar.SetCaption(status.sprintf("%s Deleted!", name.c_str()));
         }

@@ -53,7 +53,10 @@ void TInboxFrm::SetUpControls() {
     LMDpfSubDelete.OnClick = [this] { LMDpfSubDeleteClick(); };
     LMDpfRunMail.OnClick = [this] { LMDpfRunMailClick(); };
     LMDpfSubEmailers.OnClick = [this] { LMDpfSubEmailersClick(); };
+    LMDpfSend.OnClick = [this] { LMDpfSendClick(); };
     LMDpfHelp.OnClick = [this] { LMDpfHelpClick(); };
+    LMDpfSearch.OnClick = [this] { LMDpfSearchClick(); };
+    LMDpfRules.OnClick = [this] { LMDpfRulesClick(); };
     // The small menu buttons rest with a lowered outer bevel.
     for (TPanelButton* menuButton : {&LMDpfSubMailboxes, &LMDpfSubEmailers, &LMDpfSubDelete})
         menuButton->SetBevels(bvRaised, bvLowered);
@@ -78,6 +81,7 @@ void TInboxFrm::SetUpList() {
                                                             {"File Name", 140}})
         lvEmailList.Columns.push_back({caption, width});
     lvEmailList.SetHelpContext(99);
+    lvEmailList.HintColumn = 2;
     lvEmailList.OnDblClick = [this] { lvEmailListDblClick(); };
     lvEmailList.OnColumnClick = [this](int column) { lvEmailListColumnClick(column); };
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {
@@ -96,6 +100,7 @@ void TInboxFrm::SetUpMenus() {
     pmsDeleteAllBut = &pmDelete.Items.Add(entry("All", [this] { pmsDeleteAllButClick(); }));
     pmsDeleteSelBut = &pmDelete.Items.Add(entry("Selected", [this] { pmsDeleteSelButClick(); }));
     pmEmailers.OnPopup = [this] { pmEmailersPopup(); };
+    SetUpRulesMenu();
 }
 
 // The busy lock of the window: a control with the hourglass refuses its press.

@@ -4,6 +4,9 @@
 // here runs against control models; the screen binds to them from outside.
 
 #include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "controls/ComboBox.h"
 #include "controls/Form.h"
@@ -11,8 +14,9 @@
 #include "controls/Panel.h"
 #include "controls/PanelButton.h"
 #include "controls/PopupMenu.h"
+#include "foundation/FileDescriptor.h"
 #include "foundation/StringList.h"
-#include "inbox/MessageText.h"
+#include "inbox/MessageReader.h"
 
 class TGlobals;
 class TPButtons;
@@ -61,12 +65,33 @@ public:
     void pmEmailersPopup();
     void EmailerMenuClick(TMenuItem& sender);
 
+    // --- Forwarding the selected message
+    void LMDpfSendClick();
+    // --- The text search
+    bool SearchMessages(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where);
+    // The file paths of a search scope, in search order; false if none was gathered.
+    bool GatherSearchPaths(unsigned short where, std::vector<std::string>& paths) const;
+    // What SearchMessages adds to the search window's hits, into any list.
+    void AppendSearchHits(AnsiString text, bool caseSensitive, bool wholeWord, unsigned short where,
+                          TStringList& hits) const;
+    void LMDpfSearchClick();
+    // --- Rules for the selected message
+    void LMDpfRulesClick();
+    void pmsAddtoMasterPriorityListClick() { AddRuleForSelected(false, true); }
+    void pmsAddtoMailBoxPriorityListClick() { AddRuleForSelected(false, false); }
+    void pmsAddtoMasterRejectionListClick() { AddRuleForSelected(true, true); }
+    void pmsAddtoMailBoxRejectionListClick() { AddRuleForSelected(true, false); }
+
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
     int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;
     void LMDcbFilterTypeChange();
     void LMDcbFilterTextChange() {}
     void FillFilterTexts();
+    // The order the rows are in, for the screen to show: the column, or -1
+    // before the first sort, and whether it runs from small to large.
+    int SortedColumn() const;
+    bool SortedAscending() const;
 
     // Controls, named as the window names them.
     TListView lvEmailList{this, "lvEmailList"};
@@ -105,21 +130,31 @@ public:
     TStringList SubjectFilterTexts;
     TStringList DateFilterTexts;
 
+    // How many threads read files ahead of the scan; 0: one per core.
+    int ScanWorkers = 0;
+    // Called at each file of a scan with the files done and the files listed.
+    std::function<void(int done, int total)> OnScanProgress;
+
     TMenuItem* pmsRejected = nullptr;
     TMenuItem* pmsDeleteAllBut = nullptr;
     TMenuItem* pmsDeleteSelBut = nullptr;
 
 private:
     void SetUpControls();
+    void SetUpRulesMenu();
+    void AddRuleForSelected(bool reject, bool master);
     void SetUpList();
     void SetUpMenus();
     void ScanAndSortByArrival();
     void SetRunMailWidths();
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
-    void ScanMessage(const AnsiString& name, int filterType);
-    void CollectFilterTexts(std::string_view from, std::string_view subject,
-                            const AnsiString& date);
+    void ScanMessage(const AnsiString& name, const TScannedMessage& message, int filterType);
+    void CollectFilterTexts(std::string_view from, std::string_view subject, std::string_view date);
+    void OpenListedFolder(const AnsiString& mask);
+    // Removes a file of the last scan from the folder the scan listed, and
+    // only while its entry still is the file that was read.
+    bool DeleteListedFile(const AnsiString& name);
 
     // The objects the window owns, reached by the rest of the program
     // through their global pointers.
@@ -127,6 +162,15 @@ private:
     std::unique_ptr<TUtils> ownedUtils;
     std::unique_ptr<TPButtons> ownedPButtons;
 
-    // The file being scanned; kept between files for its buffer.
-    TMessageText message;
+    // Reads a file on the window's thread when no worker can; kept for its buffer.
+    TMessageReader reader;
+    TScannedMessage scanned;
+    // The folder of the last scan, held open, and what each listed name was.
+    struct TFileId {
+        dev_t device;
+        ino_t inode;
+    };
+    TFileDescriptor listedFolder;
+    std::unordered_map<std::string, TFileId> listedFiles;
+    unsigned scanGeneration = 0;
 };

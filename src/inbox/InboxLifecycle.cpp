@@ -4,6 +4,7 @@
 #include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
+#include "search/MailSearch.h"
 #include "settings/Globals.h"
 #include "settings/PanelButtons.h"
 
@@ -46,6 +47,11 @@ void TInboxFrm::FormActivate() {
     SetRunMailWidths();
     ScanAndSortByArrival();
     LMDpfDate.SetCaption("Today " + TUtils::FormatDateTime("mm.dd.yyyyy hh.nn", TUtils::Now()));
+    if (frmMailSearch)
+        frmMailSearch->OnSearch = [this](AnsiString text, bool caseSensitive, bool wholeWord,
+                                         unsigned short where) {
+            return SearchMessages(std::move(text), caseSensitive, wholeWord, where);
+        };
     SetReady(true);
 }
 

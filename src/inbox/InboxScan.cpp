@@ -1,9 +1,13 @@
 // TInboxFrm: the hand-off file and the scan of a mailbox into rows.
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "foundation/Utils.h"
 #include "inbox/HeaderReader.h"
 #include "inbox/InboxForm.h"
-#include "inbox/MessageText.h"
+#include "inbox/ScanPipeline.h"
 #include "platform/Application.h"
 
 namespace {
@@ -51,7 +55,20 @@ AnsiString TInboxFrm::LoadStartMailbox() {
     return Utils->FileStem(MailboxFolder);
 }
 
+// The folder that the listing of mask looks in, held open for the workers
+// and for deletion.
+void TInboxFrm::OpenListedFolder(const AnsiString& mask) {
+    const std::string& m = mask.str();
+    const auto slash = m.find_last_of("/\\");
+    const std::string folder = slash == std::string::npos ? "."
+                               : slash == 0               ? "/"
+                                                          : m.substr(0, slash);
+    listedFolder = TFileDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    listedFiles.clear();
+}
+
 int TInboxFrm::ScanMessages() {
+    const unsigned generation = ++scanGeneration;
     AnsiString title;
     SetCaption(title.sprintf("Saved Messages For: %s", MailboxName.c_str()));
     lvEmailList.BeginUpdate();
@@ -60,12 +77,39 @@ int TInboxFrm::ScanMessages() {
     lvEmailList.SetSortType(TSortType::stNone);
     lvEmailList.Clear();
 
-    const AnsiString mask = Utils->AddBackslash(MailboxFolder) + "*.eml";
+    const AnsiString prefix = Utils->AddBackslash(MailboxFolder);
+    const AnsiString mask = prefix + "*.eml";
     const int filterType = LMDcbFilterType.ItemIndex();
+    OpenListedFolder(mask);
     if (Utils->SearchFiles(mask, faAnyFile, MessageFiles, false)) {
+        // Names are opened in the held folder, unless the path the window
+        // builds is not that folder's (a name that ends in a backslash).
+        const bool inFolder =
+            listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
+        std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(MessageFiles.Count()));
+        for (const AnsiString& name : MessageFiles)
+            names.push_back(inFolder ? name.str() : (prefix + name).str());
+        auto pipeline = std::make_unique<TScanPipeline>(
+            inFolder ? listedFolder.Get() : AT_FDCWD, std::move(names),
+            TScanPipeline::TOptions{.workers = ScanWorkers});
         for (int i = 0; i < MessageFiles.Count(); ++i) {
             Yield();
-            ScanMessage(MessageFiles[i], filterType);
+            // A scan started meanwhile owns the list now; this one goes on
+            // with it on this thread, as it always did.
+            if (pipeline &&
+                (generation != scanGeneration || static_cast<std::size_t>(i) >= pipeline->Count() ||
+                 (Application && Application->Terminated())))
+                pipeline.reset();
+            const AnsiString& name = MessageFiles[i];
+            if (pipeline) {
+                ScanMessage(name, pipeline->Take(static_cast<std::size_t>(i)), filterType);
+            } else {
+                const TFileDescriptor file(TMessageReader::Open(AT_FDCWD, (prefix + name).c_str()));
+                reader.Read(file.Get(), scanned);
+                ScanMessage(name, scanned, filterType);
+            }
+            if (OnScanProgress) OnScanProgress(i + 1, MessageFiles.Count());
         }
     }
     AnsiString status;
@@ -75,47 +119,48 @@ int TInboxFrm::ScanMessages() {
     return MessageFiles.Count();
 }
 
-void TInboxFrm::ScanMessage(const AnsiString& name, int filterType) {
-    const AnsiString path = Utils->AddBackslash(MailboxFolder) + name;
-    if (!message.Load(path.c_str()) || !message.HasLines()) return;
-    const std::string_view from = FindHeader(message, "From:");
-    const std::string_view subject = FindHeader(message, "Subject:");
-    const AnsiString date = TUtils::NormaliseDate(AnsiString(FindHeader(message, "Date:")));
-
+void TInboxFrm::ScanMessage(const AnsiString& name, const TScannedMessage& message,
+                            int filterType) {
+    if (message.State != TScannedMessage::TState::Read) return;
+    const std::string_view from = message.From, subject = message.Subject, date = message.Date;
     if (filterType >= 1 && filterType <= 3) {
-        const std::string_view tested = filterType == 1   ? from
-                                        : filterType == 2 ? subject
-                                                          : date.view();
+        const std::string_view tested = filterType == 1 ? from : filterType == 2 ? subject : date;
         if (text::Pos(tested, LMDcbFilterText.Text().view()) == 0) return;
     } else {
         CollectFilterTexts(from, subject, date);
     }
-
-    // The walk yields to the message loop, where a column click may sort the
-    // rows and another handler may even read a file into the same buffer; the
-    // row's texts are therefore copied out, and the names gathered, before the
-    // row joins the list.
+    // The row joins the list after the yields of its attachment walk, as it
+    // did when the walk ran here; the record is copied first, since a yield
+    // may start another scan.
     TListItem row;
     row.Caption = AnsiString(from);
     row.SubItems = {AnsiString(subject),
-                    date,
-                    AnsiString(static_cast<unsigned long>(message.FileSize())),
-                    AnsiString(),
-                    AnsiString(FindHeader(message, "Content-Type:")),
+                    AnsiString(date),
+                    AnsiString(static_cast<unsigned long>(message.Size)),
+                    AnsiString(message.Attachments),
+                    AnsiString(message.ContentType),
                     name};
-    AnsiString& attachments = row.SubItems[3];
-    ::WalkMultipart(
-        message,
-        [&](const AnsiString& file) {
-            if (!attachments.IsEmpty()) attachments += ", ";
-            attachments += file;
-        },
-        Yield);
+    const TFileId id{message.Device, message.Inode};
+    for (int pass = 0; pass < message.WalkPasses; ++pass)
+        Yield();
+    listedFiles[name.str()] = id;
+    // The Date header as the message has it, for the arrival date's tooltip.
+    if (!message.SentDate.empty()) row.Hint = AnsiString("Date: ") + AnsiString(message.SentDate);
     lvEmailList.Add() = std::move(row);
 }
 
+bool TInboxFrm::DeleteListedFile(const AnsiString& name) {
+    const auto listed = listedFiles.find(name.str());
+    if (listed == listedFiles.end() || !listedFolder.IsOpen()) return false;
+    struct stat st {};
+    if (::fstatat(listedFolder.Get(), name.c_str(), &st, 0) != 0 ||
+        st.st_dev != listed->second.device || st.st_ino != listed->second.inode)
+        return false;
+    return ::unlinkat(listedFolder.Get(), name.c_str(), 0) == 0;
+}
+
 void TInboxFrm::CollectFilterTexts(std::string_view from, std::string_view subject,
-                                   const AnsiString& date) {
+                                   std::string_view date) {
     if (!from.empty()) FromFilterTexts.Add(AnsiString(from));
     if (!subject.empty()) {
         const auto colon = subject.find(':');
@@ -123,5 +168,5 @@ void TInboxFrm::CollectFilterTexts(std::string_view from, std::string_view subje
                                    ? AnsiString(subject)
                                    : AnsiString(subject.substr(colon + 1, 255)));
     }
-    if (!date.IsEmpty()) DateFilterTexts.Add(UpToFirstBlank(date));
+    if (!date.empty()) DateFilterTexts.Add(UpToFirstBlank(AnsiString(date)));
 }

@@ -58,6 +58,15 @@ int TInboxFrm::lvEmailListCompare(const TListItem& item1, const TListItem& item2
     return r;
 }
 
+int TInboxFrm::SortedColumn() const {
+    return lvEmailList.SortType() == TSortType::stText && Utils ? Utils->SortColumn : -1;
+}
+
+// Mirrors lvEmailListCompare: Arrival Date starts the other way round.
+bool TInboxFrm::SortedAscending() const {
+    return SortedColumn() == 2 ? Utils->SortFlag : !Utils->SortFlag;
+}
+
 void TInboxFrm::LMDcbFilterTypeChange() {
     FillFilterTexts();
 }

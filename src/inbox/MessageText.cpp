@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -32,31 +33,56 @@ void TMessageText::Reserve(std::size_t size) {
     capacity = size;
 }
 
-// Reads until the end of the file without asking its size first: the buffer
-// soon has room for any file of the mailbox, and a read that fills it only
-// makes it larger.
-bool TMessageText::Load(const char* path) {
-    length = 0;
+long TMessageText::ReadChunk(int fd, std::size_t room) {
+    for (;;) {
+        const ssize_t got = ::read(fd, buffer.get() + read, room);
+        if (got >= 0 || errno != EINTR) return got;
+    }
+}
+
+// Reads until the end, a NUL or the limit, without asking the size first:
+// the buffer soon has room for any file of the mailbox, and a read that
+// fills it only makes it larger.
+TMessageText::TLoad TMessageText::LoadFrom(int fd, std::size_t limit, std::size_t sizeHint) {
+    length = read = 0;
     fileSize = 0;
-    TFileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
-    if (!file.IsOpen()) return false;
-    Reserve(initialCapacity);
-    std::size_t read = 0;
+    // One byte more than the size, so that the end shows without a growth;
+    // a growth at least doubles, so the buffer is replaced only a few times.
+    if (sizeHint + 1 > capacity)
+        Reserve(std::min(std::max({initialCapacity, sizeHint + 1, 2 * capacity}), limit));
     for (;;) {
         if (read == capacity) {
+            if (capacity >= limit) return TLoad::TooLarge;
             length = read;
-            Reserve(capacity * 2);
+            Reserve(std::min(capacity * 2, limit));
         }
-        const ssize_t got = ::read(file.Get(), buffer.get() + read, capacity - read);
+        const long got = ReadChunk(fd, capacity - read);
         if (got < 0) {
-            if (errno == EINTR) continue;
-            length = 0;
-            return false;
+            length = read = 0;
+            return TLoad::Failed;
         }
         if (got == 0) break;
+        const char* fresh = buffer.get() + read;
         read += static_cast<std::size_t>(got);
+        if (std::memchr(fresh, '\0', static_cast<std::size_t>(got))) break;
     }
     CutAtNul(read);
+    return TLoad::Whole;
+}
+
+std::optional<std::string_view> TMessageText::ReadMore(int fd) {
+    length = read = 0;
+    const long got = ReadChunk(fd, capacity);
+    if (got < 0) return std::nullopt;
+    read = static_cast<std::size_t>(got);
+    return Raw();
+}
+
+bool TMessageText::Load(const char* path) {
+    TFileDescriptor file(::open(path, O_RDONLY | O_CLOEXEC));
+    length = 0;
+    fileSize = 0;
+    if (!file.IsOpen() || LoadFrom(file.Get(), SIZE_MAX) != TLoad::Whole) return false;
     // Asked of the open file rather than of its path: the same moment, one
     // path walk less. A file removed meanwhile has no link left and counts as gone.
     struct stat st {};
@@ -67,15 +93,15 @@ bool TMessageText::Load(const char* path) {
 }
 
 void TMessageText::SetText(std::string_view text) {
-    length = 0;
+    length = read = 0;
     Reserve(std::max(text.size(), initialCapacity));
     std::memcpy(buffer.get(), text.data(), text.size());
     CutAtNul(text.size());
 }
 
-void TMessageText::CutAtNul(std::size_t read) {
-    const void* nul = std::memchr(buffer.get(), '\0', read);
-    length = nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - buffer.get()) : read;
+void TMessageText::CutAtNul(std::size_t end) {
+    const void* nul = std::memchr(buffer.get(), '\0', end);
+    length = nul ? static_cast<std::size_t>(static_cast<const char*>(nul) - buffer.get()) : end;
 }
 
 std::size_t TMessageText::NextLine(std::size_t lineStart) const {

@@ -16,6 +16,21 @@ class TMessageText {
 public:
     // Reads the file whole. False if it cannot be opened or read.
     bool Load(const char* path);
+
+    enum class TLoad {
+        Whole,    // the text up to the end or to the first NUL is in the buffer
+        TooLarge, // the buffer holds the first limit bytes and there is more
+        Failed,   // a read error
+    };
+    // Reads an open file from where it stands, stopping at the first NUL:
+    // nothing behind it belongs to the text. sizeHint, the size the file had
+    // a moment ago, sizes the buffer once instead of letting it double.
+    TLoad LoadFrom(int fd, std::size_t limit, std::size_t sizeHint = 0);
+    // The raw bytes of the last load that was too large.
+    std::string_view Raw() const { return {buffer.get(), read}; }
+    // Reads the next bytes of a file that was too large into the buffer,
+    // in place of those before; empty at its end, null on an error.
+    std::optional<std::string_view> ReadMore(int fd);
     // Takes text instead of a file.
     void SetText(std::string_view text);
 
@@ -38,11 +53,14 @@ public:
 
 private:
     void Reserve(std::size_t size);
-    void CutAtNul(std::size_t read);
+    void CutAtNul(std::size_t end);
+    // Reads into the buffer behind what it holds; the count, 0 at the end, -1 on an error.
+    long ReadChunk(int fd, std::size_t room);
 
     std::unique_ptr<char[]> buffer; // grows to the largest file and stays there
     std::size_t capacity = 0;
     std::size_t length = 0;
+    std::size_t read = 0;
     std::uint32_t fileSize = 0;
 };
 

@@ -2,12 +2,14 @@
 
 #include <cstdio>
 
+#include "forwarding/SendToForm.h"
 #include "foundation/Utils.h"
-
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/InstanceLock.h"
+#include "rules/FilterCriteria.h"
+#include "search/MailSearch.h"
 
 namespace {
 
@@ -21,6 +23,7 @@ int RunProgram(const TProgramParts& parts) {
     TInstanceLock lock;
     if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) {
         std::fprintf(stderr, "vellumdesk: %s\n", lock.Problem.c_str());
+        if (parts.alreadyRunning) parts.alreadyRunning();
         return 0;
     }
     TUtils::EnterDataFolder();
@@ -29,6 +32,14 @@ int RunProgram(const TProgramParts& parts) {
         Application->Title = "Vellumdesk";
         Application->HelpFile = "Help/QUILLPOST.HLP";
         TInboxFrm inboxFrm;
+        TfrmSendTo sendTo;
+        frmSendTo = &sendTo;
+        struct TClear {
+            ~TClear() { frmSendTo = nullptr; }
+        } clearSendTo;
+        TfrmMailSearch mailSearch;
+        const TMailSearchGlobal mailSearchGlobal(mailSearch);
+        TfrmFilterCriteria filterCriteria; // reached through frmFilterCriteria
         if (parts.run) parts.run(inboxFrm);
     } catch (const Exception& e) {
         ShowUncaught(e.what());

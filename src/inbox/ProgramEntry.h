@@ -14,6 +14,8 @@ struct TProgramParts {
     // Creates the application object and the platform services. Runs only
     // once the lock is held, so a second start never builds a screen.
     std::function<void()> initialiseApplication;
+    // Runs when the lock shows that another instance runs, before the start ends.
+    std::function<void()> alreadyRunning;
     // Runs the message loop until the main window closes.
     std::function<void(TInboxFrm& mainWindow)> run;
 };

@@ -68,6 +68,7 @@ TMenuItem* TScriptedDialogs::PopupMenu(TPopupMenu& menu, TPoint) {
     const AnsiString answer = NextAnswer();
     TMenuItem* chosen =
         answer.IsEmpty() || answer.LowerCase() == "none" ? nullptr : menu.Items.Find(answer);
+    if (chosen && (!chosen->Enabled || chosen->Caption == "-")) chosen = nullptr;
     AnsiString entries;
     for (int i = 0; i < menu.Items.GetCount(); ++i)
         entries += (i ? ", " : "") + menu.Items.Items(i).Caption;

@@ -124,6 +124,11 @@ TResult OnKnownControl(TControl& control, const std::vector<std::string>& words)
         return OnPickIndex(*pages, pages->PageCount(), words);
     if (auto* edit = dynamic_cast<TEdit*>(&control)) return OnTyping(*edit, words);
     if (auto* spin = dynamic_cast<TSpinEdit*>(&control)) return OnTyping(*spin, words);
+    if (auto* menu = dynamic_cast<TPopupMenu*>(&control)) {
+        if (words[0] != "click" || words.size() != 2) return NotTaken(words);
+        menu->Popup({});
+        return std::nullopt;
+    }
     if (auto* memo = dynamic_cast<TMemo*>(&control)) {
         if (words[0] != "type" || words.size() != 3) return NotTaken(words);
         memo->UserType(words[2]);
@@ -194,8 +199,10 @@ TControl* FindControl(const std::string& path) {
 
 std::optional<std::string> ControlCommand(TControl& control,
                                           const std::vector<std::string>& words) {
-    // A person who acts on a control gives it the input focus first.
-    if (words[0] != "help" && control.Owner()) control.Owner()->SetActiveControl(&control);
+    // A person who acts on a control gives it the input focus first; a popup
+    // menu opens on the control that has it.
+    if (words[0] != "help" && control.Owner() && !dynamic_cast<TPopupMenu*>(&control))
+        control.Owner()->SetActiveControl(&control);
     return OnKnownControl(control, words);
 }
 

@@ -33,13 +33,14 @@ void RemoveHandOffOnSignals(const std::string& path) {
 } // namespace
 
 TScriptSession::TScriptSession(TShell& realShell, TRegistryFactory registry,
-                               const AnsiString& exeName, std::FILE* out)
-    : registry(registry), shell(realShell), out(out) {
+                               const AnsiString& exeName, std::FILE* out, TSound* realSound)
+    : registry(registry), shell(realShell), sound(realSound), out(out) {
     application.ExeName = exeName;
     dialogs.OnDialog = [this](const char* kind, const AnsiString& title, const AnsiString& text,
                               const AnsiString& answer) {
         Print({"dialog", kind, title.str(), text.str(), answer.str()});
     };
+    sound.OnPlay = [this](const AnsiString& path) { Print({"sound", path.str()}); };
     shell.OnStart = [this](const AnsiString& file, const std::vector<AnsiString>& args) {
         std::vector<std::string> fields{"started", file.str()};
         for (const AnsiString& arg : args)
@@ -68,11 +69,13 @@ void TScriptSession::InstallServices() {
     Application = &application;
     Dialogs = &dialogs;
     Shell = &shell;
+    Sound = &sound;
     CreateRegistry = registry;
 }
 
 void TScriptSession::RemoveServices() {
     CreateRegistry = nullptr;
+    Sound = nullptr;
     Shell = nullptr;
     Dialogs = nullptr;
     Application = nullptr;

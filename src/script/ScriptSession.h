@@ -15,6 +15,7 @@
 #include "platform/HeadlessApplication.h"
 #include "platform/Registry.h"
 #include "platform/ReportingShell.h"
+#include "platform/ReportingSound.h"
 #include "platform/ScriptedDialogs.h"
 #include "script/ScriptParser.h"
 
@@ -26,8 +27,10 @@ class TScriptSession {
 public:
     // realShell starts what the session starts; registry lists the mail
     // clients; exeName stands for the desktop program's own path.
+    // realSound plays what the session plays (null: silence); every sound is
+    // reported as "sound FILE".
     TScriptSession(TShell& realShell, TRegistryFactory registry, const AnsiString& exeName,
-                   std::FILE* out);
+                   std::FILE* out, TSound* realSound = nullptr);
     ~TScriptSession();
 
     // 0 when the session ran to its end; 2 after a script error, which is
@@ -58,6 +61,7 @@ private:
     THeadlessApplication application;
     TScriptedDialogs dialogs;
     TReportingShell shell;
+    TReportingSound sound;
     std::FILE* out;
     std::FILE* err = stderr;
     std::deque<int> answerLines; // the script line of each queued answer

@@ -12,6 +12,7 @@
 #include "settings/ConfigRecord.h"
 #include "settings/EMailReg.h"
 
+class TComboBox;
 class TMenuItem;
 class TPlugIns;
 
@@ -35,6 +36,20 @@ public:
     void AppMessage(const TApplication::TMessage& message, bool& handled);
     bool AppHelp(int command, long data, bool& callHelp);
     void ShowContextHelp(int id);
+
+    // Rules: the four rule files and the Filter Editor that shapes a rule.
+    bool AppendRuleLine(const AnsiString& path, const AnsiString& line);
+    void AddRule(const AnsiString& from, const AnsiString& subject, bool reject, bool master,
+                 const AnsiString& mailboxFolder);
+
+    // Audio alerts: Alerts.ini in the shared folder, names to sound files.
+    bool LoadAlerts(TStringList& list);
+    bool SaveAlerts(TStringList& list);
+    AnsiString FindAlert(const AnsiString& name, const TStringList& list);
+    AnsiString AddAlert(const AnsiString& path, TStringList& list);
+    void FillCombo(const AnsiString& current, TComboBox& combo, const TStringList& list);
+    AnsiString AlertsPath() const;
+
     // What every window's Help button runs: the suite's help extension.
     void RunSystemHelp();
 

@@ -18,10 +18,12 @@ public:
 
     bool HelpMode = false;
 
+    // True while button refuses a press: its cursor or the screen's says busy.
+    static bool Refused(const TPanelButton& button);
+
 private:
     // The one-shot help click: true if this click was used up for help.
     bool HelpTest(TPanelButton& button);
-    static bool Refused(const TPanelButton& button);
 };
 
 extern TPButtons* PButtons;

@@ -44,7 +44,7 @@ TEST(CliUsage, HelpGoesToStandardOutputAndAWrongWordToStandardError) {
                                                    "\n  list FOLDER [--filter",
                                                    "\n  clients\n",
                                                    "\n  open FILE [--client NAME]\n",
-                                                   "\n  script FILE|-\n",
+                                                   "\n  script FILE|- [--program PATH]\n",
                                                    "\n  make-config DESCRIPTION OUT\n",
                                                    "\n  help [COMMAND]\n"};
     const TUsageCase cases[] = {

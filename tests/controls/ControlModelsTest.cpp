@@ -105,6 +105,7 @@ TEST(ControlModels, EventsRunForAPersonsActionsOnlyAndInTheirOrder) {
     EXPECT_EQ(events, "change;click;click;");
 
     TSpinEdit spin(&form, "seSpin");
+    spin.MaxValue = 300;
     spin.SetValue(120);
     spin.UserType(AnsiString("abc"));
     EXPECT_EQ(spin.Value(), 120);

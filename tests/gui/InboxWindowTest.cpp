@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-#include "gui/InboxWindow.h"
+#include "gui/GuiWindowFixture.h"
 #include "gui/ListViewModel.h"
 #include "gui/PanelButtonWidget.h"
 #include "gui/QtApplication.h"
@@ -25,73 +25,13 @@
 
 namespace {
 
-// The real window on Qt's offscreen platform, over a mailbox on disk and a
-// recording mail client; dialogs are answered by the test.
-class GuiWindow : public ::testing::Test {
-protected:
-    TTempFolder folder;
-    TEnvOverride env;
-    TQtApplication application;
-    TScriptedDialogs dialogs;
-    TNextRegistry next;
-    TLinuxShell shell;
-    std::unique_ptr<TInboxFrm> form;
-    std::unique_ptr<TInboxWindow> window;
-    std::string record = folder / "argv.txt";
-
-    void SetUp() override {
-        env.Set("XDG_DATA_HOME", (folder / "data").c_str());
-        env.Set("ARGV_RECORD_FILE", record.c_str());
-        application.ExeName = AnsiString(folder / "bin/vellumdesk");
-        application.HelpFile = "Help/QUILLPOST.HLP";
-        Application = &application;
-        Dialogs = &dialogs;
-        Shell = &shell;
-        folder.Write("bin/vellumdesk.ini", folder / "box" + "\r\nSam\r\n");
-        folder.Write(
-            "box/a.eml",
-            "From: carol\r\nSubject: c\r\nDate: Mon, 5 Jan 2003 10:00:00 +0000\r\n\r\nx\r\n");
-        folder.Write(
-            "box/b.eml",
-            "From: alice\r\nSubject: a\r\nDate: Tue, 4 Feb 2003 10:00:00 +0000\r\n\r\nxx\r\n");
-        folder.Write(
-            "box/c.eml",
-            "From: bob\r\nSubject: b\r\nDate: Tue, 4 Mar 2003 10:00:00 +0000\r\n\r\nxxx\r\n");
-        std::string config(1024, '\0');
-        config.replace(395, 8, "Recorder");
-        folder.Write("data/Quillpost Users/Config.cfg", config);
-        const AnsiString base = "Software\\Clients\\Mail";
-        next.Tree().SetString(base, "", "rec");
-        next.Tree().SetString(base + "\\rec", "", "Recorder");
-        next.Tree().SetString(base + "\\rec\\shell\\open\\command", "",
-                              "\"" + HelperProgram("argv_recorder") + "\"");
-        form = std::make_unique<TInboxFrm>();
-        window = std::make_unique<TInboxWindow>(*form);
-        window->show();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return form->lvEmailList.Count() == 3; }, 5000));
-    }
-    void TearDown() override {
-        window.reset();
-        form.reset();
-        Shell = nullptr;
-        Dialogs = nullptr;
-        Application = nullptr;
-    }
-    QTreeView& List() { return *window->findChild<QTreeView*>("lvEmailList"); }
-    TPanelButtonWidget& Button(const char* name) {
-        return *window->findChild<TPanelButtonWidget*>(name);
-    }
-    QString Cell(int row, int column) {
-        return List().model()->index(row, column).data().toString();
-    }
-    QString Status() { return window->findChild<QLabel*>("LMDpfStatusBar")->text(); }
-};
-
 TEST_F(GuiWindow, ShowsTheScanNewestFirstWithTheModelsTexts) {
     EXPECT_EQ(Cell(0, 0), "bob");
     EXPECT_EQ(Cell(2, 0), "carol");
     EXPECT_EQ(Status(), "3 Messages");
-    EXPECT_EQ(window->windowTitle(), "Saved Messages For: box");
+    EXPECT_EQ(window->windowTitle(),
+              QString::fromUtf8("Saved Messages For: box \u2014 Vellumdesk"));
+    EXPECT_EQ(form->Caption(), "Saved Messages For: box") << "the model keeps its caption";
     EXPECT_EQ(List().model()->headerData(2, Qt::Horizontal).toString(), "Arrival Date");
 }
 

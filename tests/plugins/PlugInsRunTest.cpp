@@ -14,6 +14,7 @@
 
 #include "plugins/PlugIns.h"
 #include "settings/Globals.h"
+#include "support/ChildProcess.h"
 #include "support/EnvOverride.h"
 #include "support/GlobalScope.h"
 #include "support/TempFolder.h"
@@ -293,12 +294,39 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
         const char* name;
         std::string manifest;
         bool started, logged;
+        bool stayOnTop;
+        std::vector<std::string> windowOrder;
     } const cases[] = {
-        {"no such id", "caption=Viewer\nmenuid=Other\nexecutable=help/viewer\n", false, false},
-        {"runs", "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n", true, true},
+        {"no such id",
+         "caption=Viewer\nmenuid=Other\nexecutable=help/viewer\n",
+         false,
+         false,
+         false,
+         {}},
+        {"runs",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n",
+         true,
+         true,
+         false,
+         {"NormalizeAllTopMosts", "BringToFront"}},
+        {"stays on top again",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\n",
+         true,
+         true,
+         true,
+         {"NormalizeAllTopMosts", "BringToFront", "RestoreTopMosts"}},
         {"unknown action still logs",
-         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\nexecute=print\n", false, true},
-        {"no program file", "caption=Viewer\nmenuid=SystemHelp\nexecutable=gone\n", false, false},
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=help/viewer\nexecute=print\n",
+         false,
+         true,
+         true,
+         {"NormalizeAllTopMosts"}},
+        {"no program file",
+         "caption=Viewer\nmenuid=SystemHelp\nexecutable=gone\n",
+         false,
+         false,
+         true,
+         {}},
     };
     for (const TCase& c : cases) {
         SCOPED_TRACE(c.name);
@@ -308,6 +336,7 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
         TGlobals globals;
         Globals = &globals;
         globals.InitFolders();
+        globals.Config.Bytes[ConfigRecord::stayOnTop] = c.stayOnTop ? 1 : 0;
         globals.RunSystemHelp();
         Globals = nullptr;
         EXPECT_EQ(PathExists(run.record), c.started);
@@ -316,7 +345,44 @@ TEST(PlugInsRun, SystemHelpRunsTheExtensionWithItsIdAndLogsIt) {
                                     : std::string();
         EXPECT_EQ(log.find(" - SystemHelp\r\n") != std::string::npos, c.logged) << log;
         EXPECT_EQ(PlugIns->ParamList.Count(), 0);
+        EXPECT_EQ(run.scope.App().WindowOrderCalls, c.windowOrder);
     }
+}
+
+} // namespace
+
+namespace {
+
+// The help the program ships, end to end: its manifest, the viewer and the
+// manual laid out as beside an installed program. Offscreen the viewer saves
+// a picture and ends; the picture is there when the Help run returns, and the
+// viewer has been collected.
+TEST(PlugInsRun, TheShippedHelpShowsTheManualAndIsWaitedFor) {
+    const std::string viewer = BuiltProgram("vellumdesk-help");
+    if (!PathExists(viewer)) GTEST_SKIP() << "built without the desktop programs";
+    TTempFolder tmp;
+    TEnvOverride env;
+    env.Set("XDG_DATA_HOME", (tmp / "xdg").c_str());
+    env.Set("QT_QPA_PLATFORM", "offscreen");
+    env.Set("VELLUMDESK_HELP_SCREENSHOT", (tmp / "manual.png").c_str());
+    for (const char* part : {"Help", "Extentions"})
+        fs::create_directories(tmp / ("app/" + std::string(part)));
+    fs::copy_file(viewer, tmp / "app/vellumdesk-help");
+    fs::copy_file(BuiltProgram("Help/vellumdesk-manual.html"),
+                  tmp / "app/Help/vellumdesk-manual.html");
+    fs::copy_file(std::string(VD_SOURCE_DIR) + "/Extentions/vellumdesk-help.ini",
+                  tmp / "app/Extentions/vellumdesk-help.ini");
+    TGlobalScope scope(AnsiString(tmp / "app/vellumdesk"));
+    TGlobals globals;
+    Globals = &globals;
+    globals.InitFolders();
+    globals.RunSystemHelp();
+    Globals = nullptr;
+    EXPECT_TRUE(PathExists(tmp / "manual.png"));
+    EXPECT_NE(ReadFileBytes(tmp / "app/Debug.txt").find(" - SystemHelp\r\n"), std::string::npos);
+    for (int i = 0; i < 200 && Zombies() > 0; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(Zombies(), 0);
 }
 
 } // namespace

@@ -1,0 +1,61 @@
+#pragma once
+// Opens the files of a list in list order on a thread of its own, a bounded
+// number ahead of those taken, and can ask the kernel to start reading each
+// one as it is opened: a file that is not in memory yet is then on its way
+// while the files before it are read. At most depth files are open at once.
+//
+//   TReadAhead ahead(dirFd, names, {.depth = 64, .hint = true});
+//   for (i ...) { TFileDescriptor fd = ahead.Take(i); ... }
+//
+// Take may be called from several threads, each index once.
+
+#include <condition_variable>
+#include <cstddef>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "foundation/FileDescriptor.h"
+
+class TReadAhead {
+public:
+    struct TOptions {
+        std::size_t depth = 64;
+        bool hint = true; // posix_fadvise(WILLNEED) on each file opened
+        // How a name is opened; openat(dirFd, name, O_RDONLY|O_CLOEXEC|O_NONBLOCK) if null.
+        int (*open)(int dirFd, const char* name) = nullptr;
+    };
+
+    // names must outlive this object; dirFd is a folder, or AT_FDCWD for full paths.
+    TReadAhead(int dirFd, const std::vector<std::string>& names, TOptions options);
+    ~TReadAhead();
+    TReadAhead(const TReadAhead&) = delete;
+    TReadAhead& operator=(const TReadAhead&) = delete;
+
+    // The open file of names[index], waiting for it; not open (errno lost)
+    // when it could not be opened or the read-ahead was stopped.
+    TFileDescriptor Take(std::size_t index);
+    // Ends the opening thread and closes what was not taken. Idempotent.
+    void Stop();
+
+private:
+    struct TSlot {
+        std::size_t index = static_cast<std::size_t>(-1);
+        int fd = -1;
+        bool ready = false;
+    };
+    void OpenAll();
+
+    int dirFd;
+    const std::vector<std::string>& names;
+    TOptions options;
+    std::vector<TSlot> slots;
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::size_t free;   // slots neither opened nor waiting to be taken
+    std::size_t wakeAt; // free slots that wake the opener
+    bool openerWaiting = false;
+    bool stopping = false;
+    std::thread opener;
+};

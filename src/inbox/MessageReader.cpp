@@ -1,0 +1,82 @@
+#include "inbox/MessageReader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "foundation/Utils.h"
+
+namespace {
+
+using TState = TScannedMessage::TState;
+
+} // namespace
+
+// Non-blocking, so that a pipe put in a message's place cannot hold the scan;
+// links are followed, as the listing followed them.
+int TMessageReader::Open(int dirFd, const char* name) {
+    return ::openat(dirFd, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+}
+
+void TMessageReader::Read(int fd, TScannedMessage& out) {
+    out.State = TState::Unreadable;
+    out.WalkPasses = 0;
+    struct stat st {};
+    if (fd < 0 || ::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return;
+    const bool read = ReadWhole(fd, static_cast<std::size_t>(st.st_size), out);
+    if (!read || out.State != TState::Read) return;
+    out.SentDate = out.Date;
+    out.Date = TUtils::NormaliseDate(AnsiString(std::move(out.Date))).str();
+    // The size as the entry gives it after the read; a file removed
+    // meanwhile has no link left and counts as gone.
+    out.Size =
+        ::fstat(fd, &st) == 0 && st.st_nlink > 0 ? static_cast<std::uint32_t>(st.st_size) : 0;
+    out.Device = st.st_dev;
+    out.Inode = st.st_ino;
+}
+
+bool TMessageReader::ReadWhole(int fd, std::size_t size, TScannedMessage& out) {
+    switch (text.LoadFrom(fd, limit, size)) {
+    case TMessageText::TLoad::Failed:
+        return false;
+    case TMessageText::TLoad::TooLarge:
+        return Stream(fd, out);
+    case TMessageText::TLoad::Whole:
+        break;
+    }
+    if (!text.HasLines()) {
+        out.State = TState::NoLines;
+        return true;
+    }
+    out.State = TState::Read;
+    out.From.assign(FindHeader(text, "From:"));
+    out.Subject.assign(FindHeader(text, "Subject:"));
+    out.Date.assign(FindHeader(text, "Date:"));
+    out.ContentType.assign(FindHeader(text, "Content-Type:"));
+    out.Attachments.clear();
+    ::WalkMultipart(
+        text,
+        [&](const AnsiString& name) {
+            if (!out.Attachments.empty()) out.Attachments += ", ";
+            out.Attachments += name.view();
+        },
+        [&] { ++out.WalkPasses; });
+    return true;
+}
+
+bool TMessageReader::Stream(int fd, TScannedMessage& out) {
+    stream.Reset();
+    bool more = stream.Feed(text.Raw());
+    while (more) {
+        const auto bytes = text.ReadMore(fd);
+        if (!bytes) return false;
+        if (bytes->empty()) break;
+        more = stream.Feed(*bytes);
+    }
+    if (stream.Empty()) {
+        out.State = TState::NoLines;
+        return true;
+    }
+    out.State = TState::Read;
+    stream.Finish(out);
+    return true;
+}

@@ -1,0 +1,83 @@
+#include "inbox/ScanPipeline.h"
+
+#include <algorithm>
+#include <fcntl.h>
+
+#include "inbox/MessageReader.h"
+
+namespace {
+
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+} // namespace
+
+int TScanPipeline::DefaultWorkers() {
+    return std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
+TScanPipeline::TScanPipeline(int dirFd, std::vector<std::string> listed, TOptions options)
+    : folder(dirFd >= 0 ? ::fcntl(dirFd, F_DUPFD_CLOEXEC, 0) : -1), names(std::move(listed)) {
+    const int count = options.workers > 0 ? options.workers : DefaultWorkers();
+    // Enough records that no worker waits for the window while the others run.
+    const std::size_t window = 4 * static_cast<std::size_t>(count) + 8;
+    records.resize(window);
+    recordIndex.assign(window, none);
+    readAhead = std::make_unique<TReadAhead>(
+        folder.IsOpen() ? folder.Get() : AT_FDCWD, names,
+        TReadAhead::TOptions{.depth = std::max(options.readAhead, static_cast<std::size_t>(count)),
+                             .hint = options.hint,
+                             .open = TMessageReader::Open});
+    for (int i = 0; i < count; ++i)
+        workers.emplace_back([this] { Work(); });
+}
+
+TScanPipeline::~TScanPipeline() {
+    {
+        std::lock_guard lock(mutex);
+        stopping = true;
+    }
+    changed.notify_all();
+    readAhead->Stop();
+    for (std::thread& worker : workers)
+        worker.join();
+}
+
+void TScanPipeline::Work() {
+    TMessageReader reader;
+    for (;;) {
+        std::size_t index = 0;
+        {
+            std::unique_lock lock(mutex);
+            changed.wait(lock, [&] {
+                return stopping || nextClaim >= names.size() || nextClaim < held + records.size();
+            });
+            if (stopping || nextClaim >= names.size()) return;
+            index = nextClaim++;
+        }
+        TScannedMessage& record = records[index % records.size()];
+        TFileDescriptor file = readAhead->Take(index);
+        try {
+            reader.Read(file.Get(), record);
+        } catch (const std::exception&) {
+            // Out of memory on one file costs that file its row.
+            record.State = TScannedMessage::TState::Unreadable;
+        }
+        file.Close();
+        {
+            std::lock_guard lock(mutex);
+            recordIndex[index % records.size()] = index;
+        }
+        changed.notify_all();
+    }
+}
+
+const TScannedMessage& TScanPipeline::Take(std::size_t index) {
+    const std::size_t slot = index % records.size();
+    {
+        std::unique_lock lock(mutex);
+        held = index;
+        changed.notify_all();
+        changed.wait(lock, [&] { return recordIndex[slot] == index; });
+    }
+    return records[slot];
+}

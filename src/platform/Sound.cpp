@@ -1,0 +1,3 @@
+#include "platform/Sound.h"
+
+TSound* Sound = nullptr;

@@ -1,0 +1,63 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "support/ChildProcess.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+struct TListRun {
+    int status = -1;
+    long peakKiB = 0;
+    std::string out;
+};
+
+// Runs `vellumdesk-cli list folder` with its address space limited, and
+// reports its peak resident memory.
+TListRun ListUnderLimit(const std::string& folder, const std::string& outPath, rlim_t limit) {
+    const std::string program = BuiltProgram("vellumdesk-cli");
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        const rlimit as{limit, limit};
+        ::setrlimit(RLIMIT_AS, &as);
+        const int out = ::open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        ::dup2(out, 1);
+        const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        ::dup2(null, 2);
+        ::execl(program.c_str(), program.c_str(), "list", folder.c_str(), nullptr);
+        ::_exit(127);
+    }
+    TListRun run;
+    rusage usage{};
+    ::wait4(pid, &run.status, 0, &usage);
+    run.peakKiB = usage.ru_maxrss;
+    run.out = ReadFileBytes(outPath);
+    return run;
+}
+
+// A 2 GiB message that is mostly a hole, and one with a 50 MB line: the
+// list reads them with the memory of a small one and gives the rows the
+// whole text gives.
+TEST(ListMemory, HugeMessagesStayWithinABoundedMemory) {
+    TTempFolder folder;
+    const std::string sparse = folder.Write("box/sparse.eml", "From: hole\r\nSubject: s\r\n");
+    ASSERT_EQ(::truncate(sparse.c_str(), 2LL << 30), 0);
+    const std::string longLine =
+        "From: wide\r\nX: " + std::string(50 << 20, 'w') +
+        "\r\nSubject: after\r\nboundary=b\r\n--b\r\nfilename=\"w.bin\"\r\n";
+    folder.Write("box/long.eml", longLine);
+
+    const TListRun run = ListUnderLimit(folder / "box", folder / "out.txt", 1536ULL << 20);
+    ASSERT_TRUE(WIFEXITED(run.status) && WEXITSTATUS(run.status) == 0) << run.status;
+    // Equal dates: the order is the directory's.
+    const std::string hole = "hole\ts\t13.00.0000  \t2147483648\t\tNA\tsparse.eml\n";
+    const std::string wide =
+        "wide\tafter\t13.00.0000  \t" + std::to_string(longLine.size()) + "\tw.bin\tNA\tlong.eml\n";
+    EXPECT_TRUE(run.out == hole + wide || run.out == wide + hole) << run.out;
+    EXPECT_LT(run.peakKiB, 64 * 1024);
+}
+
+} // namespace

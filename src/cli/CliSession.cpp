@@ -13,6 +13,7 @@ TCliSession::TCliSession()
     Application = app.get();
     Shell = shell.get();
     Utils = utils.get();
+    TUtils::EnterDataFolder();
 }
 
 TCliSession::~TCliSession() {

@@ -1,7 +1,8 @@
 #pragma once
 // The process-wide objects a command of vellumdesk-cli runs with: a headless
 // application object, the shell of this desktop and Utils. They live as long
-// as the session object.
+// as the session object. The session works in the data folder: make every
+// path of the command line absolute before the session starts.
 
 #include <memory>
 #include <string>

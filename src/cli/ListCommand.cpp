@@ -5,6 +5,7 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "cli/CliPaths.h"
 #include "cli/CliSession.h"
 #include "cli/MailboxSession.h"
 #include "inbox/InboxForm.h"
@@ -22,6 +23,11 @@ int RunList(const std::vector<std::string>& args) {
     TMailboxOptions options;
     if (!ParseOptions(args, options)) {
         return CliUsageError("list");
+    }
+    std::string problem;
+    if (!AbsoluteFolder(options.folder, problem)) {
+        std::fprintf(stderr, "list: %s\n", problem.c_str());
+        return 1;
     }
     TCliSession session;
     TInboxFrm inbox;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <unistd.h>
 
 #include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
@@ -35,10 +36,10 @@ void Flush(std::string& out) {
     out.clear();
 }
 
-void AppendField(std::string& out, std::string_view field) {
+void AppendField(std::string& out, std::string_view field, TEscape mode) {
     while (!field.empty()) {
         const std::size_t piece = std::min(field.size(), flushAt);
-        AppendEscaped(out, field.substr(0, piece));
+        AppendEscaped(out, field.substr(0, piece), mode);
         field.remove_prefix(piece);
         if (out.size() >= flushAt) Flush(out);
     }
@@ -101,14 +102,16 @@ void OpenMailbox(TInboxFrm& inbox, const TMailboxOptions& options) {
 }
 
 void PrintRows(const TListView& list) {
+    // A terminal gets no control byte of a header: none can steer it.
+    const TEscape mode = ::isatty(STDOUT_FILENO) ? TEscape::Controls : TEscape::Documented;
     std::string out;
     out.reserve(2 * flushAt);
     for (int i = 0; i < list.Count(); ++i) {
         const TListItem& row = list.Item(i);
-        AppendField(out, row.Caption.view());
+        AppendField(out, row.Caption.view(), mode);
         for (const AnsiString& field : row.SubItems) {
             out += '\t';
-            AppendField(out, field.view());
+            AppendField(out, field.view(), mode);
         }
         out += '\n';
         if (out.size() >= flushAt) Flush(out);

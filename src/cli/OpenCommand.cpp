@@ -5,8 +5,11 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "cli/CliPaths.h"
 #include "cli/CliSession.h"
+#include "controls/PopupMenu.h"
 #include "platform/linux/DesktopMailClients.h"
+#include "script/FieldEscape.h"
 #include "settings/Globals.h"
 
 namespace {
@@ -14,6 +17,11 @@ namespace {
 int RunOpen(const std::vector<std::string>& args) {
     if (args.size() != 1 && !(args.size() == 3 && args[1] == "--client"))
         return CliUsageError("open");
+    std::string file = args[0], problem;
+    if (!AbsoluteFile(file, problem)) {
+        std::fprintf(stderr, "open: %s\n", problem.c_str());
+        return 1;
+    }
     TCliSession session;
     CreateRegistry = CreateDesktopRegistry;
     TGlobals globals;
@@ -26,9 +34,14 @@ int RunOpen(const std::vector<std::string>& args) {
         globals.LoadConfig();
         client = globals.Config.MailClient();
     }
-    globals.OpenInMailClient(client, AnsiString(args[0]));
+    const bool known = globals.MailClients.IndexOfName(CaptionWithoutHotKey(client)) >= 0;
+    const bool started = known && globals.OpenInMailClient(client, AnsiString(file));
     Globals = nullptr;
-    return 0;
+    if (started) return 0;
+    std::fprintf(stderr, "open: %s '%s'\n",
+                 known ? "cannot start the mail client" : "no mail client named",
+                 Escaped(client.view(), TEscape::Controls).c_str());
+    return 1;
 }
 
 const TCliCommand openCommand("open", RunOpen);

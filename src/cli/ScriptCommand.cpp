@@ -2,6 +2,7 @@
 // script file ("-" for standard input) instead of a person and a screen.
 
 #include <cstdio>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <sstream>
@@ -23,7 +24,11 @@ bool ReadScript(const std::string& name, std::string& text) {
         text.assign(std::istreambuf_iterator<char>(std::cin), {});
         return true;
     }
-    return ReadWholeFile(name.c_str(), text);
+    // A script may come from a pipe (a shell's <(...)), so it is read as a stream.
+    std::ifstream file(name, std::ios::binary);
+    if (!file) return false;
+    text.assign(std::istreambuf_iterator<char>(file), {});
+    return !file.bad();
 }
 
 int RunScript(const std::vector<std::string>& arguments) {

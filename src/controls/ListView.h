@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/Control.h"
+#include "foundation/Sortable.h"
 
 struct TListItem {
     AnsiString Caption;
@@ -22,9 +23,7 @@ struct TListColumn {
     int Width = 0;
 };
 
-enum class TSortType { stNone, stText };
-
-class TListView : public TControl {
+class TListView : public TControl, public TSortable {
 public:
     using TControl::TControl;
 
@@ -51,7 +50,7 @@ public:
     // Sorting: setting stText while it is stNone sorts all rows once with
     // OnCompare; setting the value it already has does nothing.
     TSortType SortType() const { return sortType; }
-    void SetSortType(TSortType value);
+    void SetSortType(TSortType value) override;
     // Negative puts a above b, positive below, zero: equal.
     std::function<int(const TListItem& a, const TListItem& b)> OnCompare;
 

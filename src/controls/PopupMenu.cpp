@@ -1,8 +1,6 @@
 #include "controls/PopupMenu.h"
 
 #include "foundation/CaseFold.h"
-#include "platform/Application.h"
-#include "platform/Dialogs.h"
 
 namespace {
 
@@ -17,6 +15,10 @@ std::string WithoutHotKeys(std::string_view caption) {
 
 } // namespace
 
+std::string TMenuItem::MatchText(std::string_view caption) {
+    return WithoutHotKeys(caption);
+}
+
 TMenuItem* TMenuItem::Find(const AnsiString& caption) {
     const std::string wanted = WithoutHotKeys(caption.view());
     for (auto& item : items)
@@ -28,10 +30,4 @@ TMenuItem* TMenuItem::Find(const AnsiString& caption) {
 TMenuItem& TMenuItem::Insert(int index, std::unique_ptr<TMenuItem> item) {
     if (index < 0 || index > GetCount()) index = GetCount();
     return **items.insert(items.begin() + index, std::move(item));
-}
-
-void TPopupMenu::Popup(TPoint screen) {
-    if (OnPopup) OnPopup();
-    TMenuItem* chosen = Dialogs ? Dialogs->PopupMenu(*this, screen) : nullptr;
-    if (chosen && Application) Application->Post([chosen] { chosen->Click(); });
 }

@@ -28,6 +28,8 @@ public:
     const TMenuItem& Items(int index) const { return *items.at(static_cast<std::size_t>(index)); }
     // The subentry whose caption matches, ignoring case and hot-key marks; null if none.
     TMenuItem* Find(const AnsiString& caption);
+    // A caption as Find compares it: without hot-key marks ("&&" is one "&").
+    static std::string MatchText(std::string_view caption);
     TMenuItem& Insert(int index, std::unique_ptr<TMenuItem> item);
     TMenuItem& Add(std::unique_ptr<TMenuItem> item) { return Insert(GetCount(), std::move(item)); }
     void Click() {

@@ -1,6 +1,8 @@
 #include "foundation/FileDescriptor.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,21 +26,33 @@ void TFileDescriptor::Close() {
     fd = -1;
 }
 
-bool ReadWholeFile(const char* path, std::string& out) {
-    TFileDescriptor fd(::open(path, O_RDONLY | O_CLOEXEC));
+// Opening never blocks (a pipe or a device in a file's place), only a plain
+// file is read, and never more than limit bytes: a file that grows while it is
+// read, or a special file that claims to be plain, cannot exhaust memory.
+bool ReadWholeFile(const char* path, std::string& out, std::size_t limit) {
+    TFileDescriptor fd(::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (!fd.IsOpen()) return false;
     struct stat st {};
     if (fstat(fd.Get(), &st) != 0) return false;
-    if (S_ISDIR(st.st_mode)) {
-        errno = EISDIR;
+    if (!S_ISREG(st.st_mode)) {
+        errno = S_ISDIR(st.st_mode) ? EISDIR : EINVAL;
+        return false;
+    }
+    if (static_cast<std::uint64_t>(st.st_size) > limit) {
+        errno = EFBIG;
         return false;
     }
     out.clear();
-    std::size_t capacity = st.st_size > 0 ? static_cast<std::size_t>(st.st_size) + 1 : 4096;
-    out.resize(capacity);
+    out.resize(st.st_size > 0 ? static_cast<std::size_t>(st.st_size) + 1 : 4096);
     std::size_t used = 0;
     for (;;) {
-        if (used == out.size()) out.resize(out.size() * 2);
+        if (used == out.size()) {
+            if (out.size() > limit) {
+                errno = EFBIG;
+                return false;
+            }
+            out.resize(std::min(out.size() * 2, limit + 1));
+        }
         const ssize_t n = ::read(fd.Get(), out.data() + used, out.size() - used);
         if (n < 0 && errno == EINTR) continue;
         if (n < 0) return false;

@@ -9,9 +9,8 @@
 #include <vector>
 
 #include "foundation/AnsiString.h"
+#include "foundation/Sortable.h"
 #include "foundation/StringList.h"
-
-class TListView;
 
 // File attribute bits of a folder listing, as the attribute masks use them.
 enum TFileAttr : int {
@@ -69,6 +68,9 @@ public:
     AnsiString ShortPath(const AnsiString& path);
     AnsiString GetSpecialFolder(int id) const;
     AnsiString GetLoginName() const;
+    // Makes $XDG_DATA_HOME/Quillpost Users (created if missing) the working
+    // folder of the process. False when it can be neither made nor entered.
+    static bool EnterDataFolder();
 
     // --- Clock texts and the log
     AnsiString WriteLog(const char* format, ...) __attribute__((format(printf, 2, 3)));
@@ -79,18 +81,22 @@ public:
     // --- Waits and process start
     void Delay(std::uint32_t ms) const;
     bool WaitForFlag(const volatile std::uint8_t* flag, std::uint8_t value, std::uint32_t ms) const;
-    // Starts a program with the argument text params (split at blanks, double
-    // quotes group), or opens a document or folder with the desktop's handler.
+    // Starts the program file (a path, never a name looked up) with the
+    // argument text params (split at blanks, double quotes group).
     bool ExecuteFile(const AnsiString& file, const AnsiString& params, bool wait);
     // The same with the arguments already apart: each reaches the program untouched.
     bool ExecuteFile(const AnsiString& file, const std::vector<AnsiString>& args, bool wait);
+    // An existing plain file with the desktop's handler for its type; never run.
+    bool OpenDocument(const AnsiString& path);
+    // An existing folder in the desktop's file manager.
+    bool OpenFolder(const AnsiString& path);
 
     // --- Rule lines: the Text of a rule's nine-line list as one file line.
     AnsiString FlattenRuleText(const AnsiString& text) const;
 
     // --- Message list helpers
     static AnsiString NormaliseDate(const AnsiString& value);
-    void ToggleSort(TListView& list, int column);
+    void ToggleSort(TSortable& list, int column);
 
     // Fields
     AnsiString ExePath;

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "foundation/RunningApp.h"
 #include "foundation/Utils.h"
-#include "platform/Application.h"
 
 TUtils* Utils = nullptr;
 // Linux has no version that the folder set-up could test; a modern system's
@@ -101,7 +101,8 @@ AnsiString TUtils::FileStem(const AnsiString& path) const {
 }
 
 AnsiString TUtils::GetAppFolder() {
-    ExePath = Application ? Application->ExeName : AnsiString();
+    const TRunningApp* app = TRunningApp::Running();
+    ExePath = app ? app->ExeName : AnsiString();
     const int slash = ExePath.LastDelimiter(kSeparators);
     AppFolder = ExePath.SubString(1, slash);
     return AddBackslash(AppFolder);

@@ -2,7 +2,6 @@
 
 #include <cctype>
 
-#include "controls/ListView.h"
 #include "foundation/Utils.h"
 
 namespace {
@@ -75,7 +74,7 @@ AnsiString TUtils::NormaliseDate(const AnsiString& value) {
     return result;
 }
 
-void TUtils::ToggleSort(TListView& list, int column) {
+void TUtils::ToggleSort(TSortable& list, int column) {
     list.SetSortType(TSortType::stNone);
     SortFlag = column == SortColumn ? !SortFlag : false;
     SortColumn = column;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -186,7 +187,7 @@ AnsiString TUtils::RenameExtension(const AnsiString& path, const AnsiString& new
 AnsiString TUtils::ShortPath(const AnsiString& path) {
     struct stat st {};
     if (path.IsEmpty() || ::stat(path.c_str(), &st) != 0) return "";
-    return path.SubString(1, 511);
+    return path; // no short form here: the path itself, whatever its length
 }
 
 // 26: the application data folder (XDG data home); 5: the documents folder.
@@ -205,4 +206,15 @@ AnsiString TUtils::GetLoginName() const {
     else if (const char* user = std::getenv("USER"))
         name = user;
     return name.Length() > 31 ? AnsiString() : name;
+}
+
+// A relative or empty path of the window's logic resolves in the data folder,
+// never in whatever folder a shell started the program from.
+bool TUtils::EnterDataFolder() {
+    const AnsiString base = XdgFolder("XDG_DATA_HOME", "/.local/share");
+    if (base.IsEmpty()) return false;
+    const std::filesystem::path folder = std::filesystem::path(base.str()) / "Quillpost Users";
+    std::error_code ignored;
+    std::filesystem::create_directories(folder, ignored);
+    return ::chdir(folder.c_str()) == 0;
 }

@@ -1,28 +1,41 @@
 // TUtils: the two waits that keep the message loop going, and the start of a
 // program, document or folder.
 
+#include <algorithm>
+
+#include "foundation/RunningApp.h"
+#include "foundation/Shell.h"
 #include "foundation/Utils.h"
-#include "platform/Application.h"
-#include "platform/Shell.h"
 
 namespace {
 
+// A flag may also be set by work outside the loop, so its wait looks again
+// at least this often.
+constexpr std::uint32_t flagLookMs = 10;
+
 bool Terminating() {
-    return !Application || Application->Terminated();
+    const TRunningApp* app = TRunningApp::Running();
+    return !app || app->Terminated();
 }
 
 void RunMessageLoopOnce() {
-    if (Application) Application->ProcessMessages();
+    if (TRunningApp* app = TRunningApp::Running()) app->ProcessMessages();
+}
+
+void SleepUntilEvent(std::uint32_t ms) {
+    if (TRunningApp* app = TRunningApp::Running()) app->WaitForEvents(ms);
 }
 
 // Ticks wrap after about 49 days; unsigned subtraction keeps a pause that spans
 // the wrap as long as any other.
 std::uint32_t ElapsedSince(std::uint32_t start) {
-    return Application ? Application->GetTickCount() - start : UINT32_MAX;
+    const TRunningApp* app = TRunningApp::Running();
+    return app ? app->GetTickCount() - start : UINT32_MAX;
 }
 
 std::uint32_t TickNow() {
-    return Application ? Application->GetTickCount() : 0;
+    const TRunningApp* app = TRunningApp::Running();
+    return app ? app->GetTickCount() : 0;
 }
 
 // An argument text as a program's command line holds it: blanks separate,
@@ -52,10 +65,13 @@ std::vector<AnsiString> SplitArguments(const AnsiString& params) {
 
 void TUtils::Delay(std::uint32_t ms) const {
     const std::uint32_t start = TickNow();
-    do {
+    for (;;) {
         RunMessageLoopOnce();
         if (Terminating()) return;
-    } while (ElapsedSince(start) < ms);
+        const std::uint32_t elapsed = ElapsedSince(start);
+        if (elapsed >= ms) return;
+        SleepUntilEvent(ms - elapsed);
+    }
 }
 
 bool TUtils::WaitForFlag(const volatile std::uint8_t* flag, std::uint8_t value,
@@ -65,7 +81,9 @@ bool TUtils::WaitForFlag(const volatile std::uint8_t* flag, std::uint8_t value,
         RunMessageLoopOnce();
         if (Terminating()) return false;
         if (*flag == value) return true;
-        if (ElapsedSince(start) >= ms) return false;
+        const std::uint32_t elapsed = ElapsedSince(start);
+        if (elapsed >= ms) return false;
+        SleepUntilEvent(std::min(ms - elapsed, flagLookMs));
     }
 }
 
@@ -74,7 +92,7 @@ bool TUtils::ExecuteFile(const AnsiString& file, const AnsiString& params, bool 
 }
 
 bool TUtils::ExecuteFile(const AnsiString& file, const std::vector<AnsiString>& args, bool wait) {
-    const TShell::TProcessId process = Shell ? Shell->Open(file, args) : -1;
+    const TShell::TProcessId process = Shell ? Shell->StartProgram(file, args) : -1;
     if (process < 0) {
         ErrorText = "Could Not create process";
         return false;
@@ -85,4 +103,16 @@ bool TUtils::ExecuteFile(const AnsiString& file, const std::vector<AnsiString>& 
     }
     WaitMs = 100;
     return true;
+}
+
+bool TUtils::OpenDocument(const AnsiString& path) {
+    if (Shell && Shell->OpenDocument(path)) return true;
+    ErrorText = "Could Not open document";
+    return false;
+}
+
+bool TUtils::OpenFolder(const AnsiString& path) {
+    if (Shell && Shell->OpenFolder(path)) return true;
+    ErrorText = "Could Not open folder";
+    return false;
 }

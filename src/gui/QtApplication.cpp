@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QEventLoop>
 #include <QTimer>
+#include <algorithm>
+#include <cstdint>
 
 TQtApplication::TQtApplication() {
     clock.start();
@@ -10,6 +13,15 @@ TQtApplication::TQtApplication() {
 
 void TQtApplication::ProcessMessages() {
     QCoreApplication::processEvents();
+}
+
+// A timer bounds the sleep: processEvents then returns after the first batch
+// of events, the timer's own at the latest.
+void TQtApplication::WaitForEvents(std::uint32_t ms) {
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(static_cast<int>(std::min<std::uint32_t>(ms, INT32_MAX)));
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void TQtApplication::Terminate() {

@@ -18,6 +18,7 @@ class TQtApplication : public TApplication {
 public:
     TQtApplication();
     void ProcessMessages() override;
+    void WaitForEvents(std::uint32_t ms) override;
     bool Terminated() const override { return terminated; }
     void Terminate() override;
     std::uint32_t GetTickCount() const override;

@@ -36,7 +36,7 @@ void TInboxFrm::LMDpfCloseClick() {
 
 void TInboxFrm::LMDpfInboxClick() {
     if (!PButtons->ButtonPress(LMDpfInbox)) return;
-    Utils->ExecuteFile(MailboxFolder, "", true);
+    Utils->OpenFolder(MailboxFolder);
     Utils->Delay(500);
     PButtons->ButtonRelease(LMDpfInbox);
 }

@@ -1,6 +1,9 @@
 #include "inbox/ProgramEntry.h"
 
+#include <cstdio>
+
 #include "forwarding/SendToForm.h"
+#include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
@@ -19,9 +22,11 @@ void ShowUncaught(const char* message) {
 int RunProgram(const TProgramParts& parts) {
     TInstanceLock lock;
     if (parts.singleInstance && !lock.TryAcquire(instanceLockName)) {
+        std::fprintf(stderr, "vellumdesk: %s\n", lock.Problem.c_str());
         if (parts.alreadyRunning) parts.alreadyRunning();
         return 0;
     }
+    TUtils::EnterDataFolder();
     try {
         if (parts.initialiseApplication) parts.initialiseApplication();
         Application->Title = "Vellumdesk";

@@ -10,8 +10,9 @@
 #include "controls/Cursor.h"
 #include "controls/Form.h"
 #include "foundation/AnsiString.h"
+#include "foundation/RunningApp.h"
 
-class TApplication : public TModalHost {
+class TApplication : public TRunningApp, public TModalHost {
 public:
     // The newest application object runs the modal loops of shown forms.
     TApplication() { TForm::ModalHost = this; }
@@ -21,12 +22,7 @@ public:
     // The modal form open on top, or null.
     TForm* ModalForm() const { return TForm::TopModalForm(); }
 
-    // Runs the events that are waiting, then returns.
-    virtual void ProcessMessages() = 0;
-    virtual bool Terminated() const = 0;
     virtual void Terminate() = 0;
-    // Milliseconds since some fixed moment; wraps after about 49 days.
-    virtual std::uint32_t GetTickCount() const = 0;
     // Queues work to run at the next ProcessMessages (a click, a timer).
     virtual void Post(std::function<void()> event) = 0;
     // Where the mouse is, in screen coordinates.
@@ -66,7 +62,6 @@ public:
         return OnHelp && OnHelp(helpKey, reinterpret_cast<long>(keyword.c_str()), callHelp);
     }
 
-    AnsiString ExeName;  // the program's own full path, argument 0
     AnsiString Title;    // "Vellumdesk"
     AnsiString HelpFile; // relative at start, made full by InitFolders
     TCursor ScreenCursor = crDefault;

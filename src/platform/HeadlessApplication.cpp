@@ -6,10 +6,31 @@ void THeadlessApplication::ProcessMessages() {
     ++passes;
     // Only what was posted before this pass runs now; what those events post
     // waits for the next pass, as in a real message loop.
-    auto pending = std::move(queue);
-    queue.clear();
+    std::deque<std::function<void()>> pending;
+    {
+        const std::lock_guard hold(queueLock);
+        pending.swap(queue);
+    }
     for (auto& event : pending)
         event();
+}
+
+void THeadlessApplication::WaitForEvents(std::uint32_t ms) {
+    std::unique_lock hold(queueLock);
+    posted.wait_for(hold, std::chrono::milliseconds(ms), [this] { return !queue.empty(); });
+}
+
+void THeadlessApplication::Post(std::function<void()> event) {
+    {
+        const std::lock_guard hold(queueLock);
+        queue.push_back(std::move(event));
+    }
+    posted.notify_one();
+}
+
+bool THeadlessApplication::HasPendingEvents() const {
+    const std::lock_guard hold(queueLock);
+    return !queue.empty();
 }
 
 std::uint32_t THeadlessApplication::GetTickCount() const {

@@ -12,9 +12,18 @@ public:
 
     std::function<void(const AnsiString& file, const std::vector<AnsiString>& args)> OnStart;
 
-    TProcessId Open(const AnsiString& file, const std::vector<AnsiString>& args) override {
-        if (OnStart) OnStart(file, args);
-        return real.Open(file, args);
+    TProcessId StartProgram(const AnsiString& program,
+                            const std::vector<AnsiString>& args) override {
+        if (OnStart) OnStart(program, args);
+        return real.StartProgram(program, args);
+    }
+    bool OpenDocument(const AnsiString& path) override {
+        if (OnStart) OnStart(path, {});
+        return real.OpenDocument(path);
+    }
+    bool OpenFolder(const AnsiString& path) override {
+        if (OnStart) OnStart(path, {});
+        return real.OpenFolder(path);
     }
     bool WaitForExit(TProcessId process, std::uint32_t ms) override {
         return real.WaitForExit(process, ms);

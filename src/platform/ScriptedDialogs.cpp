@@ -33,7 +33,17 @@ AnsiString TScriptedDialogs::NextAnswer() {
     if (answers.empty()) return "";
     AnsiString answer = answers.front();
     answers.pop_front();
+    ++taken;
     return answer;
+}
+
+std::vector<AnsiString> TScriptedDialogs::DropOldest(std::size_t n) {
+    std::vector<AnsiString> dropped;
+    for (; n > 0 && !answers.empty(); --n) {
+        dropped.push_back(answers.front());
+        answers.pop_front();
+    }
+    return dropped;
 }
 
 void TScriptedDialogs::Report(const char* kind, const AnsiString& title, const AnsiString& text,

@@ -16,6 +16,10 @@ public:
     // or "none", a path or "cancel".
     void QueueAnswer(const AnsiString& answer) { answers.push_back(answer); }
     bool HasQueuedAnswers() const { return !answers.empty(); }
+    // How many queued answers dialogs have taken so far.
+    std::size_t AnswersTaken() const { return taken; }
+    // Takes the n oldest queued answers away unused, and returns them.
+    std::vector<AnsiString> DropOldest(std::size_t n);
 
     // One line per dialog, in the order they were shown.
     const std::vector<AnsiString>& Transcript() const { return transcript; }
@@ -41,5 +45,6 @@ private:
                 const AnsiString& answer, const AnsiString& line);
 
     std::deque<AnsiString> answers;
+    std::size_t taken = 0;
     std::vector<AnsiString> transcript;
 };

@@ -1,6 +1,8 @@
 #include "script/ScriptSession.h"
 
+#include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <unistd.h>
 
 #include "inbox/InboxForm.h"
@@ -8,6 +10,27 @@
 #include "platform/Dialogs.h"
 #include "script/ControlScript.h"
 #include "script/FieldEscape.h"
+#include "script/ScriptCheck.h"
+
+namespace {
+
+// The hand-off file while it exists: an interrupted session removes it too.
+char handOffToRemove[4096];
+
+void RemoveHandOffAndStop(int signal) {
+    if (handOffToRemove[0]) ::unlink(handOffToRemove);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+void RemoveHandOffOnSignals(const std::string& path) {
+    if (path.size() >= sizeof handOffToRemove) return;
+    std::memcpy(handOffToRemove, path.c_str(), path.size() + 1);
+    std::signal(SIGINT, RemoveHandOffAndStop);
+    std::signal(SIGTERM, RemoveHandOffAndStop);
+}
+
+} // namespace
 
 TScriptSession::TScriptSession(TShell& realShell, TRegistryFactory registry,
                                const AnsiString& exeName, std::FILE* out, TSound* realSound)
@@ -27,6 +50,7 @@ TScriptSession::TScriptSession(TShell& realShell, TRegistryFactory registry,
 }
 
 TScriptSession::~TScriptSession() {
+    handOffToRemove[0] = '\0';
     if (!handOffPath.empty()) ::unlink(handOffPath.c_str());
 }
 
@@ -57,10 +81,12 @@ void TScriptSession::RemoveServices() {
     Application = nullptr;
 }
 
-int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* err) {
+int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* errors) {
+    err = errors;
+    failure = CheckScript(commands);
     script = &commands;
     next = 0;
-    for (; next < commands.size() && commands[next].Words[0] != "start"; ++next) {
+    for (; !failure && next < commands.size() && commands[next].Words[0] != "start"; ++next) {
         if (TResult error = BeforeStart(commands[next])) {
             failure = TScriptError{commands[next].Line, *error};
             break;
@@ -76,14 +102,16 @@ int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* 
         RemoveServices();
     }
     if (!failure) return 0;
-    std::fprintf(err, "line %d: %s\n", failure->Line, failure->Reason.c_str());
+    const std::string line = "line " + std::to_string(failure->Line) + ": " +
+                             Escaped(failure->Reason, TEscape::Controls) + "\n";
+    std::fwrite(line.data(), 1, line.size(), err);
     return 2;
 }
 
 TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& command) {
     const std::vector<std::string>& words = command.Words;
     if (words[0] == "answer" && words.size() == 2) {
-        dialogs.QueueAnswer(AnsiString(words[1]));
+        QueueAnswer(command);
         return std::nullopt;
     }
     if (words[0] == "handoff" && (words.size() == 2 || words.size() == 3)) {
@@ -95,6 +123,7 @@ TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& comman
         ::close(fd);
         if (!handOffPath.empty()) ::unlink(handOffPath.c_str());
         handOffPath = path;
+        RemoveHandOffOnSignals(handOffPath);
         return written ? std::nullopt : TResult("cannot write the hand-off file");
     }
     if (IsWindowCommand(words[0])) return "'" + words[0] + "' needs a running program: start first";
@@ -113,8 +142,10 @@ void TScriptSession::RunWindow(TInboxFrm& inbox) {
     application.ModalLoop = [this](TForm& form) {
         RunCommands([&form] { return form.Visible(); });
     };
+    const std::size_t startAnswers = answerLines.size();
     inbox.FormActivate();
     Drain();
+    DropUnusedAnswers(startAnswers, 0);
     RunCommands([] { return true; });
     application.ModalLoop = nullptr;
     if (!quit) inbox.LMDpfClose.Click();
@@ -124,11 +155,40 @@ void TScriptSession::RunWindow(TInboxFrm& inbox) {
 void TScriptSession::RunCommands(const std::function<bool()>& more) {
     while (!failure && !quit && !closing && next < script->size() && more()) {
         const TScriptCommand& command = (*script)[next++];
-        if (TResult error = Execute(command)) {
+        if (TResult error = ExecuteWithItsAnswers(command)) {
             failure = TScriptError{command.Line, *error};
             return;
         }
-        Drain();
+    }
+}
+
+void TScriptSession::QueueAnswer(const TScriptCommand& command) {
+    dialogs.QueueAnswer(AnsiString(command.Words[1]));
+    answerLines.push_back(command.Line);
+}
+
+// Dialogs take answers oldest first, so the command's own answers, at the
+// front, go before any that a modal window's commands queue during it.
+TScriptSession::TResult TScriptSession::ExecuteWithItsAnswers(const TScriptCommand& command) {
+    if (command.Words[0] == "answer") return Execute(command);
+    const std::size_t takenBefore = dialogs.AnswersTaken();
+    const std::size_t queued = answerLines.size() - (takenBefore - answersSeen);
+    TResult error = Execute(command);
+    Drain();
+    if (!error) DropUnusedAnswers(queued, takenBefore);
+    return error;
+}
+
+void TScriptSession::DropUnusedAnswers(std::size_t queued, std::size_t takenBefore) {
+    for (; answersSeen < dialogs.AnswersTaken(); ++answersSeen)
+        answerLines.pop_front();
+    const std::size_t used = dialogs.AnswersTaken() - takenBefore;
+    if (used >= queued) return;
+    for (const AnsiString& answer : dialogs.DropOldest(queued - used)) {
+        const std::string warning = "line " + std::to_string(answerLines.front()) + ": answer '" +
+                                    Escaped(answer.view(), TEscape::Controls) + "' was not used\n";
+        std::fwrite(warning.data(), 1, warning.size(), err);
+        answerLines.pop_front();
     }
 }
 
@@ -141,7 +201,7 @@ void TScriptSession::Drain() {
 TScriptSession::TResult TScriptSession::Execute(const TScriptCommand& command) {
     const std::vector<std::string>& words = command.Words;
     if (words[0] == "answer" && words.size() == 2) {
-        dialogs.QueueAnswer(AnsiString(words[1]));
+        QueueAnswer(command);
         return std::nullopt;
     }
     if (words[0] == "quit" && words.size() == 1) {

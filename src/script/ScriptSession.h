@@ -5,6 +5,7 @@
 // is reported on the output as it happens, one tab-separated line each.
 
 #include <cstdio>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -51,6 +52,10 @@ private:
     TResult Show(const std::string& target);
     void Drain();
     void Print(const std::vector<std::string>& fields);
+    // The answers queued before a command are for its dialogs and menus only.
+    void QueueAnswer(const TScriptCommand& command);
+    TResult ExecuteWithItsAnswers(const TScriptCommand& command);
+    void DropUnusedAnswers(std::size_t queued, std::size_t takenBefore);
 
     TRegistryFactory registry;
     THeadlessApplication application;
@@ -58,6 +63,9 @@ private:
     TReportingShell shell;
     TReportingSound sound;
     std::FILE* out;
+    std::FILE* err = stderr;
+    std::deque<int> answerLines; // the script line of each queued answer
+    std::size_t answersSeen = 0; // answers taken that answerLines has let go
     std::string handOffPath;
     std::optional<TScriptError> failure;
     const std::vector<TScriptCommand>* script = nullptr;

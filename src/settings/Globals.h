@@ -28,7 +28,8 @@ public:
 
     // Menu and mail-client helpers.
     int FillMenu(TMenuItem& item, const TStringList& list);
-    void OpenInMailClient(const AnsiString& client, const AnsiString& file);
+    // True when the client started; nothing is shown on any failure.
+    bool OpenInMailClient(const AnsiString& client, const AnsiString& file);
     AnsiString FindLineValue(const AnsiString& key, const TStringList& lines);
 
     // The application's hooks of the help path.

@@ -1,17 +1,29 @@
 // TGlobals: menus from lists, opening a message in a mail client, and the
 // value behind a header name.
 
+#include <set>
+#include <string>
+
 #include "controls/PopupMenu.h"
+#include "foundation/CaseFold.h"
 #include "foundation/Utils.h"
 #include "platform/Dialogs.h"
 #include "settings/Globals.h"
 
+// The captions already there are kept in an ordered set, so a list of n lines
+// costs n log n comparisons, not one walk of the menu per line.
 int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
+    const auto less = [](const std::string& a, const std::string& b) {
+        return casefold::CompareText(a, b) < 0;
+    };
+    std::set<std::string, decltype(less)> present(less);
+    for (int i = 0; i < item.GetCount(); ++i)
+        present.insert(TMenuItem::MatchText(item.Items(i).Caption.view()));
     for (int i = 0; i < list.Count(); ++i) {
         if (list[i].IsEmpty()) continue;
         AnsiString caption = list.GetName(i);
         if (caption.IsEmpty()) caption = list[i];
-        if (item.Find(caption)) continue;
+        if (!present.insert(TMenuItem::MatchText(caption.view())).second) continue;
         auto entry = std::make_unique<TMenuItem>(caption);
         entry->OnClick = MenuClick;
         item.Add(std::move(entry));
@@ -21,11 +33,12 @@ int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
 
 // A client's command is the desktop entry that registers it, so starting that
 // entry with the message's path runs the program the way the desktop would.
-// The path is passed whole, as one argument.
-void TGlobals::OpenInMailClient(const AnsiString& client, const AnsiString& file) {
+// The path is passed whole, as one argument, whatever its length; the message
+// file itself is never what is started.
+bool TGlobals::OpenInMailClient(const AnsiString& client, const AnsiString& file) {
     const AnsiString name = CaptionWithoutHotKey(client);
     const int line = MailClients.IndexOfName(name);
-    if (line < 0) return;
+    if (line < 0) return false;
     AnsiString cmd = Utils->StripQuotes(EMailReg->GetClientCommand(MailClients.GetValue(name)));
     AnsiString args;
     if (const int p = cmd.LowerCase().Pos(".exe"); p > 1) {
@@ -37,20 +50,13 @@ void TGlobals::OpenInMailClient(const AnsiString& client, const AnsiString& file
     }
     cmd = Utils->ExpandProgramFiles(cmd);
     try {
-        if (!file.IsEmpty()) {
-            // The old short-path buffer held 255 bytes; a longer path did not fit.
-            AnsiString path = Utils->ShortPath(file);
-            if (path.Length() > 255) path = "";
-            if (path.IsEmpty()) {
-                Utils->ExecuteFile(file, args, false);
-                return;
-            }
-            if (cmd.LowerCase().Pos("msimn.exe") > 0) path = "/eml:" + path;
-            Utils->ExecuteFile(cmd, std::vector<AnsiString>{path}, false);
-            return;
-        }
-        Utils->ExecuteFile(cmd, args, false);
+        if (file.IsEmpty()) return Utils->ExecuteFile(cmd, args, false);
+        AnsiString path = Utils->ShortPath(file);
+        if (path.IsEmpty()) return false;
+        if (cmd.LowerCase().Pos("msimn.exe") > 0) path = "/eml:" + path;
+        return Utils->ExecuteFile(cmd, std::vector<AnsiString>{path}, false);
     } catch (const Exception&) {
+        return false;
     }
 }
 

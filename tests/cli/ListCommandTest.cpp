@@ -1,6 +1,8 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "support/ChildProcess.h"
+#include "support/EnvOverride.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -53,11 +55,52 @@ TEST_F(ListCommand, FilterAndClicksActAsAUserWould) {
     EXPECT_EQ(r.out.substr(0, 9), "NA\tNA\t13.") << "File Name descending puts junk.eml first";
 }
 
-TEST_F(ListCommand, AMissingFolderIsNoError) {
-    const TChildResult r = List({folder / "nowhere"});
-    EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, "");
-    EXPECT_EQ(r.err, "0 Messages\n");
+// A folder argument is checked and made absolute before the session moves
+// into the data folder; a relative one means the shell's folder.
+TEST_F(ListCommand, AFolderArgumentIsCheckedAndResolvedWhereTheShellIs) {
+    const std::string data = folder / "data";
+    folder.Write("data/Quillpost Users/Work/decoy.eml", "From: decoy\r\n");
+    TEnvOverride env;
+    env.Set("XDG_DATA_HOME", data.c_str());
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    struct TCase {
+        std::string folder;
+        int exitCode;
+        std::string err;
+    } cases[] = {
+        {"Work", 0, "4 Messages\n"},
+        {"./Work/", 0, "4 Messages\n"},
+        {folder / "nowhere", 1, "list: " + (folder / "nowhere") + ": no such folder\n"},
+        {"/etc/passwd", 1, "list: /etc/passwd: not a folder\n"},
+        {"", 1, "list: the folder is empty\n"},
+        {"bad\x1b]0;x\aname", 1, "list: bad\\x1B]0;x\\x07name: no such folder\n"},
+    };
+    for (const TCase& c : cases) {
+        const TChildResult r = List({c.folder});
+        EXPECT_EQ(r.exitCode, c.exitCode) << c.folder;
+        EXPECT_EQ(r.err, c.err) << c.folder;
+        EXPECT_EQ(r.out.find("decoy"), std::string::npos) << c.folder;
+    }
+    std::filesystem::current_path(before);
+}
+
+// Header bytes that would steer a terminal are shown as \xHH there; a pipe
+// keeps the documented form.
+TEST_F(ListCommand, ATerminalGetsNoControlBytes) {
+    folder.Write("Esc/t.eml", "From: a\x1b]0;owned\x07"
+                              "b\r\n");
+    const TChildResult piped = List({folder / "Esc"});
+    EXPECT_EQ(piped.out.rfind("a\x1b]0;owned\x07"
+                              "b\t",
+                              0),
+              0u)
+        << piped.out;
+    const TChildResult tty =
+        RunChild({"/usr/bin/script", "-qec",
+                  BuiltProgram("vellumdesk-cli") + " list '" + (folder / "Esc") + "' 2>/dev/null",
+                  "/dev/null"});
+    EXPECT_EQ(tty.out.rfind("a\\x1B]0;owned\\x07b\t", 0), 0u) << tty.out;
 }
 
 TEST_F(ListCommand, BadArgumentsShowTheUsage) {

@@ -26,7 +26,8 @@ TEST(DesktopMailClients, ListsTheDesktopsClientsAndStartsThemWithThePath) {
     std::sort(clients.begin(), clients.end());
     EXPECT_EQ(clients, (std::vector<std::string>{"Lark Mail=lark-mail.desktop",
                                                  "Quill Reader=quill-reader.desktop"}))
-        << "hidden, NoDisplay, TryExec-missing and other types are left out; the data home "
+        << "hidden, NoDisplay, TryExec-missing, empty-Exec and other types are left out; the data "
+           "home "
            "wins over the system folder; the default turns the list around";
 
     const std::string message = folder.Write("box/a b \"$(x)\".eml", "From: x\r\n");

@@ -1,5 +1,7 @@
 #include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <thread>
 
 #include "support/EnvOverride.h"
@@ -40,14 +42,42 @@ TEST_F(ExecuteFile, AMissingProgramFailsAndChangesNothingElse) {
 }
 
 TEST_F(ExecuteFile, WaitingLetsTheLoopRunOnceAndWaitsNoLongerThanItsLimit) {
-    env.Set("PATH", (std::string(VD_TEST_HELPER_DIR) + ":/usr/bin:/bin").c_str());
     const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(scope.U().ExecuteFile("sleep", "5", true));
+    ASSERT_TRUE(scope.U().ExecuteFile("/bin/sleep", "5", true));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
     EXPECT_EQ(scope.App().ProcessMessagesCalls(), 1);
-    ASSERT_TRUE(scope.U().ExecuteFile("argv_recorder", "", false))
-        << "a bare name is found in PATH";
-    EXPECT_EQ(AwaitFile(record), program + "\n");
+}
+
+// Nothing is found by name, no document or folder is run as a program, and
+// each opening takes only its own kind of entry.
+TEST_F(ExecuteFile, EachWayOfStartingTakesOnlyItsOwnKind) {
+    env.Set("PATH", (std::string(VD_TEST_HELPER_DIR) + ":/usr/bin:/bin").c_str());
+    const std::string ran = folder / "ran";
+    const std::string message = folder.Write("run.eml", "#!/bin/sh\ntouch '" + ran + "'\n");
+    ::chmod(message.c_str(), 0755);
+    const std::string box = folder.MakeFolder("box");
+    ::mkfifo((folder / "pipe.eml").c_str(), 0600);
+    struct TCase {
+        const char* what;
+        std::function<bool()> start;
+    } cases[] = {
+        {"a bare name in PATH", [&] { return scope.U().ExecuteFile("argv_recorder", "", false); }},
+        {"a bare system name", [&] { return scope.U().ExecuteFile("sh", "-c true", false); }},
+        {"a folder as a program", [&] { return scope.U().ExecuteFile(box, "", false); }},
+        {"a message with the run bit, by its bare name",
+         [&] { return scope.U().ExecuteFile("run.eml", "", false); }},
+        {"a folder as a document", [&] { return scope.U().OpenDocument(box); }},
+        {"a pipe as a document", [&] { return scope.U().OpenDocument(folder / "pipe.eml"); }},
+        {"a missing document", [&] { return scope.U().OpenDocument(folder / "none.eml"); }},
+        {"a file as a folder", [&] { return scope.U().OpenFolder(message); }},
+        {"a name as a folder", [&] { return scope.U().OpenFolder("id"); }},
+        {"an empty folder text", [&] { return scope.U().OpenFolder(""); }},
+    };
+    for (const TCase& c : cases)
+        EXPECT_FALSE(c.start()) << c.what;
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_FALSE(PathExists(record)) << "argv_recorder ran";
+    EXPECT_FALSE(PathExists(ran)) << "the message ran";
 }
 
 TEST(Shell, ReportsTheExitCodeOfAStartedProgram) {
@@ -56,7 +86,7 @@ TEST(Shell, ReportsTheExitCodeOfAStartedProgram) {
     TGlobalScope scope;
     env.Set("ARGV_RECORD_FILE", (folder / "r").c_str());
     env.Set("ARGV_RECORD_EXIT", "3");
-    const TShell::TProcessId pid = Shell->Open(HelperProgram("argv_recorder"), {});
+    const TShell::TProcessId pid = Shell->StartProgram(HelperProgram("argv_recorder"), {});
     ASSERT_GT(pid, 0);
     EXPECT_TRUE(Shell->WaitForExit(pid, 5000));
     EXPECT_EQ(Shell->ExitCode(pid), 3);

@@ -10,9 +10,19 @@ namespace {
 constexpr const char* baseKey = "Software\\Clients\\Mail";
 constexpr const char* messageType = "message/rfc822";
 
+// An entry whose command is empty or blank could start nothing; GIO itself
+// leaves out one whose TryExec program is missing.
+bool CanStart(GAppInfo* app) {
+    const char* command = g_app_info_get_commandline(app);
+    if (!command) return false;
+    for (; *command; ++command)
+        if (*command != ' ' && *command != '\t') return true;
+    return false;
+}
+
 void AddClient(TMemoryRegistry& registry, GAppInfo* app) {
     const char* id = g_app_info_get_id(app);
-    if (!id || !g_app_info_should_show(app)) return;
+    if (!id || !g_app_info_should_show(app) || !CanStart(app)) return;
     const AnsiString key = AnsiString(baseKey) + "\\" + id;
     registry.SetString(key, "", g_app_info_get_name(app));
     if (!G_IS_DESKTOP_APP_INFO(app)) return;

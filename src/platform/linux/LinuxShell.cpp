@@ -21,22 +21,6 @@ bool IsExecutableFile(const struct stat& st, const char* path) {
     return S_ISREG(st.st_mode) && ::access(path, X_OK) == 0;
 }
 
-// A bare name is a program looked up in PATH, as a command line would name it.
-AnsiString FindInPath(const AnsiString& name) {
-    const char* path = std::getenv("PATH");
-    std::string_view rest = path ? path : "/usr/local/bin:/usr/bin:/bin";
-    while (true) {
-        const auto colon = rest.find(':');
-        std::string candidate(colon == 0 ? std::string_view(".") : rest.substr(0, colon));
-        candidate.append("/").append(name.view());
-        struct stat st {};
-        if (::stat(candidate.c_str(), &st) == 0 && IsExecutableFile(st, candidate.c_str()))
-            return AnsiString(candidate);
-        if (colon == std::string_view::npos) return "";
-        rest.remove_prefix(colon + 1);
-    }
-}
-
 bool OpenWithDesktop(const AnsiString& path) {
     g_autoptr(GFile) file = g_file_new_for_path(path.c_str());
     g_autofree char* uri = g_file_get_uri(file);
@@ -74,18 +58,26 @@ TLinuxShell::~TLinuxShell() {
     ReapEnded();
 }
 
-TShell::TProcessId TLinuxShell::Open(const AnsiString& file, const std::vector<AnsiString>& args) {
+TShell::TProcessId TLinuxShell::StartProgram(const AnsiString& program,
+                                             const std::vector<AnsiString>& args) {
     ReapEnded();
-    if (file.IsEmpty()) return -1;
-    if (file.Pos("/") == 0) {
-        if (const AnsiString program = FindInPath(file); !program.IsEmpty())
-            return Spawn(program, args);
-    }
+    if (program.Pos("/") == 0) return -1;
     struct stat st {};
-    if (::stat(file.c_str(), &st) != 0) return -1;
-    if (IsExecutableFile(st, file.c_str())) return Spawn(file, args);
-    if (S_ISREG(st.st_mode) && IsDesktopEntry(file)) return LaunchDesktopEntry(file, args) ? 0 : -1;
-    return OpenWithDesktop(file) ? 0 : -1;
+    if (::stat(program.c_str(), &st) != 0) return -1;
+    if (S_ISREG(st.st_mode) && IsDesktopEntry(program))
+        return LaunchDesktopEntry(program, args) ? 0 : -1;
+    if (IsExecutableFile(st, program.c_str())) return Spawn(program, args);
+    return -1;
+}
+
+bool TLinuxShell::OpenDocument(const AnsiString& path) {
+    struct stat st {};
+    return ::stat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode) && OpenWithDesktop(path);
+}
+
+bool TLinuxShell::OpenFolder(const AnsiString& path) {
+    struct stat st {};
+    return ::stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode) && OpenWithDesktop(path);
 }
 
 TShell::TProcessId TLinuxShell::Spawn(const AnsiString& program,

@@ -1,7 +1,8 @@
 #pragma once
 // The shell of the Linux desktop: programs start through posix_spawn with an
-// argument vector; documents and folders go to the desktop's default handler
-// through GIO. A started program runs in its own session, so it outlives us.
+// argument vector (never posix_spawnp: no PATH search); documents and folders
+// go to the desktop's default handler through GIO. A started program runs in its own session, so it
+// outlives us.
 
 #include <map>
 #include <sys/types.h>
@@ -11,7 +12,10 @@
 class TLinuxShell : public TShell {
 public:
     ~TLinuxShell() override;
-    TProcessId Open(const AnsiString& file, const std::vector<AnsiString>& args) override;
+    TProcessId StartProgram(const AnsiString& program,
+                            const std::vector<AnsiString>& args) override;
+    bool OpenDocument(const AnsiString& path) override;
+    bool OpenFolder(const AnsiString& path) override;
     bool WaitForExit(TProcessId process, std::uint32_t ms) override;
     int ExitCode(TProcessId process) override;
     std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,

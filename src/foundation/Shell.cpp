@@ -1,0 +1,3 @@
+#include "foundation/Shell.h"
+
+TShell* Shell = nullptr;

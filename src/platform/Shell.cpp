@@ -1,3 +1,0 @@
-#include "platform/Shell.h"
-
-TShell* Shell = nullptr;

@@ -99,6 +99,10 @@ inline constexpr TCliUsage commands[] = {
      "DESCRIPTION OUT",
      {},
      "Write a Config.cfg to OUT from a description of name=value lines."},
+    {"make-sound",
+     "FILE MS HZ [HZ...]",
+     {},
+     "Write a short chime to FILE as a WAV file: each pitch HZ sounds for MS milliseconds."},
     {"help", "[COMMAND]", {}, "Print the usage of every command, or of COMMAND."},
 };
 

@@ -52,6 +52,10 @@ void TInboxListCommands::AddEntries(QMenu& menu, TPopupMenu& popup, const TPanel
     if (popup.OnPopup) popup.OnPopup();
     for (int i = 0; i < popup.Items.GetCount(); ++i) {
         TMenuItem& item = popup.Items.Items(i);
+        if (item.Caption == AnsiString("-")) {
+            menu.addSeparator();
+            continue;
+        }
         AddEntry(menu, ToQString(CaptionWithoutHotKey(item.Caption)), Usable(owner),
                  [&item] { item.Click(); });
     }

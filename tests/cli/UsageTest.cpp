@@ -35,7 +35,8 @@ void Check(const TUsageCase& c, const TChildResult& r) {
 }
 
 const std::string listUsage =
-    "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] [--click COLUMN]...";
+    "usage: vellumdesk-cli list FOLDER [--filter from|subject|date TEXT] [--click COLUMN]... "
+    "[--timings]";
 
 TEST(CliUsage, HelpGoesToStandardOutputAndAWrongWordToStandardError) {
     TTempFolder folder;

@@ -89,7 +89,7 @@ TEST_F(GuiFilterEditor, ShowsTheModelAndEnterApplies) {
     TStringList list = Rule("\"A Name\" <box@isp>\r\nBig sale today\r\n");
     form->SetCaption("E-mail Priority");
     const bool applied = Edit(list, [](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "E-mail Priority");
+        EXPECT_EQ(dialog.windowTitle(), QString::fromUtf8("E-mail Priority \u2014 Vellumdesk"));
         auto& tabs = Find<QTabWidget>(dialog, "PageControl1");
         ASSERT_EQ(tabs.count(), 3);
         EXPECT_EQ(tabs.tabText(0), "Criteria");

@@ -41,7 +41,7 @@ TEST_F(SendToDialogTest, WidgetsShowTheControlsAndTypingReachesThem) {
     form.LMDcbSendTo.SetText("bob@example.org");
     form.LMDeSubject.SetText("Last subject");
     const std::unique_ptr<TModalDialog> dialog = TSendToDialog::Create(form);
-    EXPECT_EQ(dialog->windowTitle(), "Send To");
+    EXPECT_EQ(dialog->windowTitle(), QString::fromUtf8("Send To \u2014 Vellumdesk"));
     EXPECT_EQ(Find<QLabel>(*dialog, "LMDPanelFill2").text(), "Forward Message");
     EXPECT_EQ(Find<QComboBox>(*dialog, "LMDcbSendTo").currentText(), "bob@example.org");
     EXPECT_EQ(Find<QLineEdit>(*dialog, "LMDeSubject").text(), "Last subject");

@@ -134,7 +134,10 @@ TEST_F(GuiKeys, TheMenuKeyOpensTheRowsMenu) {
     QContextMenuEvent key(QContextMenuEvent::Keyboard, row.center(),
                           List().viewport()->mapToGlobal(row.center()));
     QApplication::sendEvent(List().viewport(), &key);
-    EXPECT_EQ(entries.join('|'), "Run Mail|Run Mail with|Forward|Delete");
+    EXPECT_EQ(
+        entries.join('|'),
+        "Run Mail|Run Mail with|Forward|Add to Master Priority List|Add to Mailbox Priority List|"
+        "Add to Master Rejection List|Add to Mailbox Rejection List|Delete");
 }
 
 TEST_F(GuiKeys, F1IsTheHelpButton) {

@@ -128,7 +128,10 @@ TEST_F(GuiPopups, RowAndHeaderMenusActThroughTheHandlers) {
     QStringList entries;
     for (const QAction* action : rowMenu->actions())
         if (!action->isSeparator()) entries << action->text();
-    EXPECT_EQ(entries.join('|'), "Run Mail|Run Mail with|Forward|Delete");
+    EXPECT_EQ(
+        entries.join('|'),
+        "Run Mail|Run Mail with|Forward|Add to Master Priority List|Add to Mailbox Priority List|"
+        "Add to Master Rejection List|Add to Mailbox Rejection List|Delete");
     dialogs.QueueAnswer("OK");
     Dialogs = &dialogs;
     commands.Run(rowMenu->actions().back());

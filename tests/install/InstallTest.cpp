@@ -158,7 +158,7 @@ TEST_F(Installed, BashCompletesCommandsOptionsAndValues) {
         {{"vellumdesk-cli", "li"}, "list\n"},
         {{"vellumdesk-cli", "--v"}, "--version\n"},
         {{"vellumdesk-cli", "help", "pl"}, "plugins\n"},
-        {{"vellumdesk-cli", "list", "box", "--"}, "--filter\n--click\n--help\n"},
+        {{"vellumdesk-cli", "list", "box", "--"}, "--filter\n--click\n--timings\n--help\n"},
         {{"vellumdesk-cli", "list", "box", "--filter", ""}, "from\nsubject\ndate\n"},
         {{"vellumdesk-cli", "list", "box", "--click", "6", "--click", ""}, "0\n1\n2\n3\n4\n5\n6\n"},
         {{"vellumdesk-cli", "search", "box", "x", "--w"}, "--whole-word\n--where\n"},

@@ -17,6 +17,17 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/Help/ DESTINATION ${CMAKE_INSTALL_DATADIR}
 install(FILES ${CMAKE_SOURCE_DIR}/README.md ${CMAKE_SOURCE_DIR}/docs/ARCHITECTURE.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/vellumdesk)
 
+# An installed program has no Extentions/ beside it in bin/, so it finds the
+# extensions beside its folder: PREFIX/Extentions. There the help viewer's
+# manifest names the viewer by its path under the prefix.
+if(TARGET vellumdesk-help)
+  file(READ ${CMAKE_SOURCE_DIR}/Extentions/vellumdesk-help.ini help_manifest)
+  string(REPLACE "executable=vellumdesk-help" "executable=${CMAKE_INSTALL_BINDIR}/vellumdesk-help"
+    help_manifest "${help_manifest}")
+  file(WRITE ${CMAKE_BINARY_DIR}/installed/Extentions/vellumdesk-help.ini "${help_manifest}")
+  install(FILES ${CMAKE_BINARY_DIR}/installed/Extentions/vellumdesk-help.ini DESTINATION Extentions)
+endif()
+
 # The desktop entry, icons, AppStream data, manual pages and completion.
 add_subdirectory(${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/data)
 

@@ -105,6 +105,20 @@ TEST_F(Installed, TheInstalledSessionShowsTheHelpTextsFromThePrefix) {
     EXPECT_NE(r.out.find("dialog\thelp\t\tRefresh: "), std::string::npos) << r.out << r.err;
 }
 
+// The Help buttons of an installed program find the help viewer's manifest
+// beside the program's folder, and the viewer it names is installed.
+TEST_F(Installed, TheInstalledProgramFindsItsHelpExtension) {
+    if (!VD_GUI) GTEST_SKIP() << "no help viewer without the Qt programs";
+    TTempFolder home;
+    TEnvOverride env;
+    env.Set("XDG_DATA_HOME", home.Path().c_str());
+    const TChildResult r = RunChild({tree / "bin/vellumdesk-cli", "plugins"}, "");
+    EXPECT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("ExtensionIds\tSystemHelp=Vellumdesk Manual"), std::string::npos)
+        << r.out << r.err;
+    EXPECT_TRUE(PathExists(tree / "bin/vellumdesk-help"));
+}
+
 // The pages render without a warning and tell every command and option.
 TEST_F(Installed, TheManualPagesRenderAndNameEveryCommand) {
     TEnvOverride env;

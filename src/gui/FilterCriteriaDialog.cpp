@@ -59,6 +59,11 @@ TFilterCriteriaDialog::TFilterCriteriaDialog(TfrmFilterCriteria& form, QWidget* 
 }
 
 TFilterCriteriaDialog::~TFilterCriteriaDialog() {
+    // The widgets go after the map of help targets; their last events must
+    // not reach this filter.
+    for (const auto& [part, control] : helpTargets)
+        part->removeEventFilter(this);
+    helpTargets.clear();
     if (auto* dialogs = dynamic_cast<TQtDialogs*>(Dialogs)) dialogs->Parent = dialogsParent;
     form.Unsubscribe(subscription);
 }

@@ -33,14 +33,15 @@ test-asan: bootstrap $(ASAN_BUILD)/build.ninja
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS)
 
-# The scan's worker threads under ThreadSanitizer: only the inbox tests are
-# built, without the Qt program, and only the worker tests run.
+# The code with worker threads under ThreadSanitizer, built without the Qt
+# program: the scan's worker tests, the search and the SMTP sender.
 $(TSAN_BUILD)/build.ninja: | bootstrap
 	cmake -S . -B $(TSAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELLUMDESK_TSAN=ON -DVELLUMDESK_GUI=OFF
 
 test-tsan: bootstrap $(TSAN_BUILD)/build.ninja
-	cmake --build $(TSAN_BUILD) -j $(JOBS) --target inbox_tests
-	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1 ctest --output-on-failure -R 'inbox\.(ScanPipeline|MessageReader|Swaps)'
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target inbox_tests search_tests forwarding_tests
+	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1 ctest --output-on-failure -j $(JOBS) \
+		-R 'inbox\.(ScanPipeline|MessageReader|Swaps)|^search\.|^forwarding\.'
 
 test: test-fast test-asan test-tsan
 

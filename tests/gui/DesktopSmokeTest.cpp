@@ -10,7 +10,7 @@
 #include <map>
 #include <sstream>
 #include <thread>
-#include <unistd.h>
+#include <cctype>
 
 #include "support/BackgroundProcess.h"
 #include "support/ChildProcess.h"
@@ -37,13 +37,18 @@ protected:
             tools[name] = FindOnPath(name);
             if (tools[name].empty()) GTEST_SKIP() << name << " is not installed";
         }
-        const std::string display = ":" + std::to_string(50 + getpid() % 400);
+        // Xvfb picks a free display itself and names it on its output once it
+        // takes connections, so a stale socket or a test beside this one
+        // cannot hand us a display that is not ours.
         xserver = std::make_unique<TBackgroundProcess>(
-            std::vector<std::string>{tools["Xvfb"], display, "-screen", "0", "1280x800x24",
-                                     "-nolisten", "tcp"},
+            std::vector<std::string>{tools["Xvfb"], "-displayfd", "1", "-screen", "0",
+                                     "1280x800x24", "-nolisten", "tcp"},
             folder / "xvfb.log");
-        const std::string socket = "/tmp/.X11-unix/X" + display.substr(1);
-        ASSERT_TRUE(WaitFor([&] { return fs::exists(socket); }))
+        std::string display;
+        ASSERT_TRUE(WaitFor([&] {
+            display = AnnouncedDisplay(ReadFileBytes(folder / "xvfb.log"));
+            return !display.empty() || !xserver->Running();
+        }) && !display.empty())
             << ReadFileBytes(folder / "xvfb.log");
         env.Set("DISPLAY", display.c_str());
         env.Set("QT_QPA_PLATFORM", "xcb");
@@ -55,6 +60,14 @@ protected:
         X({"mousemove", "0", "0"});
     }
 
+    // The display number Xvfb writes on a line of its own, as ":N".
+    static std::string AnnouncedDisplay(const std::string& log) {
+        std::istringstream lines(log);
+        for (std::string line; std::getline(lines, line);)
+            if (!line.empty() && std::all_of(line.begin(), line.end(), ::isdigit))
+                return ":" + line;
+        return {};
+    }
     template <typename Condition> static bool WaitFor(Condition condition) {
         for (int i = 0; i < 100; ++i) {
             if (condition()) return true;

@@ -1,11 +1,14 @@
 // vellumdesk-cli: the program's core for scripts, benchmarks and terminals.
 
 #include <cstdio>
+#include <exception>
 #include <string_view>
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "inbox/ProgramEntry.h"
 #include "platform/linux/CurlSmtp.h"
+#include "script/FieldEscape.h"
 
 int main(int argc, char** argv) {
     if (argc < 2) return CliUsageError("");
@@ -29,5 +32,15 @@ int main(int argc, char** argv) {
     if (const TCliUsage* usage = FindCliUsage(name)) {
         if (const int status = CheckCliOptions(*usage, args); status >= 0) return status;
     }
-    return command->Run(args);
+    // A command that breaks off on an internal error (memory that runs out)
+    // says so and ends with its own status, never with an abort.
+    try {
+        return command->Run(args);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "vellumdesk-cli: %s: internal error: %s\n", argv[1],
+                     Escaped(*e.what() ? e.what() : "unknown", TEscape::Controls).c_str());
+    } catch (...) {
+        std::fprintf(stderr, "vellumdesk-cli: %s: unknown internal error\n", argv[1]);
+    }
+    return uncaughtExitCode;
 }

@@ -45,8 +45,11 @@ bool TInboxFrm::GatherSearchPaths(unsigned short where, std::vector<std::string>
         found = AddFolderFiles(MailboxFolder, paths);
         break;
     case 2:
+        // An empty line is no mailbox; a bare name has no value, so its mask
+        // is the bare "*.eml" of the working folder, the data folder.
         for (int i = 0; i < Mailboxes.Count(); ++i)
-            found = AddFolderFiles(Mailboxes.GetValue(Mailboxes.GetName(i)), paths) || found;
+            if (!Mailboxes[i].IsEmpty())
+                found = AddFolderFiles(Mailboxes.GetValue(Mailboxes.GetName(i)), paths) || found;
         break;
     default:
         break;

@@ -1,6 +1,7 @@
 #include "inbox/ProgramEntry.h"
 
 #include <cstdio>
+#include <exception>
 
 #include "forwarding/SendToForm.h"
 #include "foundation/Utils.h"
@@ -13,8 +14,14 @@
 
 namespace {
 
-void ShowUncaught(const char* message) {
+// What no handler caught ends the run: the box shows it, the caller hears of
+// it, and the exit status says so. A text that says nothing (an exception of
+// no kind of ours) is named as such.
+int ShowUncaught(const TProgramParts& parts, const char* what) {
+    const AnsiString message(what && *what ? what : "unknown internal error");
     if (Dialogs) Dialogs->ShowException(message);
+    if (parts.uncaught) parts.uncaught(message);
+    return uncaughtExitCode;
 }
 
 } // namespace
@@ -27,6 +34,7 @@ int RunProgram(const TProgramParts& parts) {
         return 0;
     }
     TUtils::EnterDataFolder();
+    int code = 0;
     try {
         if (parts.initialiseApplication) parts.initialiseApplication();
         Application->Title = "Vellumdesk";
@@ -41,12 +49,11 @@ int RunProgram(const TProgramParts& parts) {
         TfrmMailSearch mailSearch;
         const TMailSearchGlobal mailSearchGlobal(mailSearch);
         if (parts.run) parts.run(inboxFrm);
-    } catch (const Exception& e) {
-        ShowUncaught(e.what());
+    } catch (const std::exception& e) {
+        code = ShowUncaught(parts, e.what());
     } catch (...) {
-        // Anything that is not an exception of ours is shown with an empty message.
-        ShowUncaught("");
+        code = ShowUncaught(parts, nullptr);
     }
     lock.Release();
-    return 0;
+    return code;
 }

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+#include "foundation/AnsiString.h"
+
 class TInboxFrm;
 
 struct TProgramParts {
@@ -18,10 +20,16 @@ struct TProgramParts {
     std::function<void()> alreadyRunning;
     // Runs the message loop until the main window closes.
     std::function<void(TInboxFrm& mainWindow)> run;
+    // Hears the text of an exception that no handler caught, after its box.
+    std::function<void(const AnsiString& message)> uncaught;
 };
 
 // The name of the single-instance lock.
 inline constexpr const char* instanceLockName = "VellumdeskMgr";
 
-// Returns 0 in every case, a second start included.
+// The exit status of a run that an exception no handler caught ended.
+inline constexpr int uncaughtExitCode = 3;
+
+// Returns 0, a second start included, or uncaughtExitCode once an exception
+// that no handler caught has been shown.
 int RunProgram(const TProgramParts& parts);

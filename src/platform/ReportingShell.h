@@ -1,6 +1,6 @@
 #pragma once
-// A shell that tells what it starts before it starts it: a scripted session
-// reports every program, document and folder, and they still really start.
+// A shell that tells what it was asked to start and whether it did: a scripted
+// session reports every program, document and folder, and they really start.
 
 #include <functional>
 
@@ -10,20 +10,21 @@ class TReportingShell : public TShell {
 public:
     explicit TReportingShell(TShell& real) : real(real) {}
 
-    std::function<void(const AnsiString& file, const std::vector<AnsiString>& args)> OnStart;
+    // started is false when the real shell refused: nothing ran.
+    std::function<void(const AnsiString& file, const std::vector<AnsiString>& args, bool started)>
+        OnStart;
 
     TProcessId StartProgram(const AnsiString& program,
                             const std::vector<AnsiString>& args) override {
-        if (OnStart) OnStart(program, args);
-        return real.StartProgram(program, args);
+        const TProcessId id = real.StartProgram(program, args);
+        Tell(program, args, id >= 0);
+        return id;
     }
     bool OpenDocument(const AnsiString& path) override {
-        if (OnStart) OnStart(path, {});
-        return real.OpenDocument(path);
+        return Tell(path, {}, real.OpenDocument(path));
     }
     bool OpenFolder(const AnsiString& path) override {
-        if (OnStart) OnStart(path, {});
-        return real.OpenFolder(path);
+        return Tell(path, {}, real.OpenFolder(path));
     }
     bool WaitForExit(TProcessId process, std::uint32_t ms) override {
         return real.WaitForExit(process, ms);
@@ -31,10 +32,16 @@ public:
     int ExitCode(TProcessId process) override { return real.ExitCode(process); }
     std::unique_ptr<TChildProcess> StartChild(const AnsiString& program,
                                               const std::vector<AnsiString>& args) override {
-        if (OnStart) OnStart(program, args);
-        return real.StartChild(program, args);
+        std::unique_ptr<TChildProcess> child = real.StartChild(program, args);
+        Tell(program, args, child != nullptr);
+        return child;
     }
 
 private:
+    bool Tell(const AnsiString& file, const std::vector<AnsiString>& args, bool started) {
+        if (OnStart) OnStart(file, args, started);
+        return started;
+    }
+
     TShell& real;
 };

@@ -41,8 +41,9 @@ TScriptSession::TScriptSession(TShell& realShell, TRegistryFactory registry,
         Print({"dialog", kind, title.str(), text.str(), answer.str()});
     };
     sound.OnPlay = [this](const AnsiString& path) { Print({"sound", path.str()}); };
-    shell.OnStart = [this](const AnsiString& file, const std::vector<AnsiString>& args) {
-        std::vector<std::string> fields{"started", file.str()};
+    shell.OnStart = [this](const AnsiString& file, const std::vector<AnsiString>& args,
+                           bool started) {
+        std::vector<std::string> fields{started ? "started" : "refused", file.str()};
         for (const AnsiString& arg : args)
             fields.push_back(arg.str());
         Print(fields);
@@ -92,20 +93,25 @@ int TScriptSession::Run(const std::vector<TScriptCommand>& commands, std::FILE* 
             break;
         }
     }
+    int status = 0;
     if (!failure && next < commands.size()) {
         TProgramParts parts;
         parts.singleInstance = false;
         parts.initialiseApplication = [this] { InstallServices(); };
         ++next;
         parts.run = [this](TInboxFrm& inbox) { RunWindow(inbox); };
-        RunProgram(parts);
+        // The command that was running when the session broke off is named.
+        parts.uncaught = [this](const AnsiString& message) {
+            failure = TScriptError{(*script)[next - 1].Line, "internal error: " + message.str()};
+        };
+        status = RunProgram(parts);
         RemoveServices();
     }
     if (!failure) return 0;
     const std::string line = "line " + std::to_string(failure->Line) + ": " +
                              Escaped(failure->Reason, TEscape::Controls) + "\n";
     std::fwrite(line.data(), 1, line.size(), err);
-    return 2;
+    return status != 0 ? status : 2;
 }
 
 TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& command) {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "support/ChildProcess.h"
+#include "support/EnvOverride.h"
 #include "support/TempFolder.h"
 
 namespace {
@@ -61,6 +62,45 @@ TEST(ListMemory, HugeMessagesStayWithinABoundedMemory) {
         "wide\tafter\t13.00.0000  \t" + std::to_string(longLine.size()) + "\tw.bin\tNA\tlong.eml\n";
     EXPECT_TRUE(run.out == hole + wide || run.out == wide + hole) << run.out;
     EXPECT_LT(run.peakKiB, 64 * 1024);
+}
+
+// A mailbox list of thirty million one-letter lines is read (it is below the
+// whole-file limit) but cannot be held under the memory limit: the command
+// ends on its internal error with the reason and status 3, and a scripted
+// session names the command that was running; neither aborts nor claims
+// success.
+TEST(InternalError, MemoryThatRunsOutEndsTheCommandWithItsReasonAndStatusThree) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "AddressSanitizer reserves more address space than the limit allows";
+#endif
+    TTempFolder folder;
+    TEnvOverride env;
+    env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+    std::string lines(60'000'000, 'a');
+    for (std::size_t i = 1; i < lines.size(); i += 2)
+        lines[i] = '\n';
+    folder.Write("data/Quillpost Users/IconMailbox.ini", lines);
+    lines = std::string();
+    const std::string box = folder.MakeFolder("box");
+    struct TCase {
+        std::vector<std::string> args;
+        std::string input, err;
+    } cases[] = {
+        {{"script", "-"},
+         "handoff \"" + box + "\"\nstart\nshow InboxFrm\n",
+         "line 2: internal error: std::bad_alloc\n"},
+        {{"search", box, "x", "--where", "all"},
+         "",
+         "vellumdesk-cli: search: internal error: std::bad_alloc\n"},
+    };
+    for (const TCase& c : cases) {
+        std::vector<std::string> argv{"/bin/sh", "-c", "ulimit -v 400000 && exec \"$0\" \"$@\"",
+                                      BuiltProgram("vellumdesk-cli")};
+        argv.insert(argv.end(), c.args.begin(), c.args.end());
+        const TChildResult r = RunChild(argv, c.input);
+        EXPECT_EQ(r.exitCode, 3) << c.args[0] << ": " << r.err;
+        EXPECT_EQ(r.err, c.err) << c.args[0];
+    }
 }
 
 } // namespace

@@ -22,7 +22,8 @@ protected:
         env.Set("XDG_DATA_HOME", (folder / "data").c_str());
         folder.Write("data/Quillpost Users/IconMailbox.ini",
                      "Work=" + work + "\r\nGone=" + folder / "missing" + "\r\nTwice=" + home +
-                         "\r\nTwice=" + work + "\r\nBare\r\n");
+                         "\r\nTwice=" + work + "\r\n\r\nBare\r\n");
+        folder.Write("data/Quillpost Users/top.eml", "top sat\r\n");
         folder.Write("Work/a.eml", "From: Ann\r\nSubject: Cat news\r\nDate: Mon\r\n\r\n"
                                    "a cat sat\r\nCAT\r\n");
         folder.Write("Work/b.eml", "From: Bob\r\nSubject: dog\r\n\r\nno match\r\n");
@@ -67,9 +68,11 @@ TEST_F(SearchCommand, HitsOfEachScopeAndOption) {
         {"whole words: the blank in front",
          {"cat", "--whole-word"},
          {hidden + "=0000-002", a + "=0001-009", a + "=0004-002"}},
-        {"all: a missing folder adds nothing, a name twice searches its first folder twice",
+        {"all: a missing folder adds nothing, a name twice searches its first folder twice, "
+         "a bare name the bare mask in the data folder, an empty line nothing",
          {"sat", "--where", "all"},
-         {a + "=0004-007", c + "=0001-006", c + "=0001-006", d + "=0000-007", d + "=0000-007"}},
+         {a + "=0004-007", c + "=0001-006", c + "=0001-006", d + "=0000-007", d + "=0000-007",
+          "top.eml=0000-005"}},
         {"a filter narrows the listed rows",
          {"dog", "--filter", "from", "Bob"},
          {work + "/b.eml=0001-010"}},

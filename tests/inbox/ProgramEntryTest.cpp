@@ -1,9 +1,14 @@
+#include <functional>
 #include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "foundation/Exceptions.h"
 #include "inbox/ProgramEntry.h"
 #include "platform/HeadlessApplication.h"
+#include "platform/ScriptedDialogs.h"
 #include "support/EnvOverride.h"
 #include "support/GlobalScope.h"
 #include "support/TempFolder.h"
@@ -85,7 +90,37 @@ TEST_F(SingleInstance, ACrashedInstanceLeavesNoStaleLock) {
         close(fd);
 }
 
-TEST(ProgramEntry, SetsTheTitleAndHelpFileAndShowsUncaughtErrors) {
+// Whatever escapes every handler ends the run with status 3; the box and the
+// caller get a text that says what happened, never an empty one.
+TEST(ProgramEntry, AnUncaughtErrorEndsTheRunWithItsTextAndStatusThree) {
+    TGlobalScope scope;
+    struct TCase {
+        std::function<void()> raise;
+        const char* text;
+    } cases[] = {
+        {[] { throw EFOpenError("Cannot open file \"x\""); }, "Cannot open file \"x\""},
+        {[] { throw std::runtime_error("broken"); }, "broken"},
+        {[] { throw std::bad_alloc(); }, "std::bad_alloc"},
+        {[] { throw std::runtime_error(""); }, "unknown internal error"},
+        {[] { throw 7; }, "unknown internal error"},
+    };
+    for (const TCase& c : cases) {
+        TScriptedDialogs dialogs;
+        Dialogs = &dialogs;
+        TProgramParts parts;
+        parts.singleInstance = false;
+        parts.run = [&](TInboxFrm&) { c.raise(); };
+        AnsiString heard;
+        parts.uncaught = [&](const AnsiString& message) { heard = message; };
+        EXPECT_EQ(RunProgram(parts), 3) << c.text;
+        Dialogs = nullptr;
+        EXPECT_EQ(heard, c.text);
+        ASSERT_EQ(dialogs.Transcript().size(), 1u) << c.text;
+        EXPECT_EQ(dialogs.Transcript()[0], AnsiString("exception: ") + c.text);
+    }
+}
+
+TEST(ProgramEntry, SetsTheTitleAndHelpFile) {
     TGlobalScope scope;
     TProgramParts parts;
     parts.singleInstance = false;

@@ -8,6 +8,7 @@
 
 #include "cli/CliCommand.h"
 #include "cli/CliHelp.h"
+#include "foundation/AtomicFile.h"
 #include "foundation/StringList.h"
 #include "settings/ConfigRecord.h"
 
@@ -65,18 +66,16 @@ int RunMakeConfig(const std::vector<std::string>& args) {
             return 1;
         }
     }
-    // Written whole through a temporary file beside it, never half.
-    const std::string bytes(reinterpret_cast<const char*>(record.Bytes.data()),
-                            record.Bytes.size());
-    const std::string partial = args[1] + ".part";
-    if (std::FILE* file = std::fopen(partial.c_str(), "wb")) {
-        const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-        if (std::fclose(file) == 0 && written && std::rename(partial.c_str(), args[1].c_str()) == 0)
-            return 0;
+    // Replaced whole, as every file the program writes: never half.
+    try {
+        SaveFileAtomically(AnsiString(args[1]),
+                           std::string_view(reinterpret_cast<const char*>(record.Bytes.data()),
+                                            record.Bytes.size()));
+    } catch (const Exception& e) {
+        std::fprintf(stderr, "make-config: %s\n", e.what());
+        return 1;
     }
-    std::remove(partial.c_str());
-    std::fprintf(stderr, "make-config: cannot write %s\n", args[1].c_str());
-    return 1;
+    return 0;
 }
 
 const TCliCommand makeConfigCommand("make-config", RunMakeConfig);

@@ -1,6 +1,4 @@
-#include <csignal>
 #include <filesystem>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "RulesFixture.h"
@@ -79,37 +77,6 @@ TEST_F(AppendRuleLine, AFolderThatIsMissingOrReadOnlyRaisesAndChangesNothing) {
     EXPECT_EQ(ReadFileBytes(path), "old|\r\n");
 }
 
-// A disk that fills during the save: the file-size limit of a child stands
-// for it. Whether the write fails (EFBIG) or the child dies of SIGXFSZ, the
-// rule file keeps its old bytes and no temporary file is left after a failure.
-TEST_F(AppendRuleLine, ADiskThatFillsDuringTheSaveLeavesTheOldFile) {
-    std::string old;
-    for (int i = 0; i < 200; ++i)
-        old += "rule number " + std::to_string(i) + "|||||||||\r\n";
-    const std::string path = folder.Write("full/r.ini", old);
-    for (bool killed : {false, true}) {
-        const int code = RunForked([&] {
-            if (!killed) signal(SIGXFSZ, SIG_IGN);
-            const rlimit limit{4096, 4096};
-            setrlimit(RLIMIT_FSIZE, &limit);
-            try {
-                globals.AppendRuleLine(AnsiString(path), "one more|");
-            } catch (const EFCreateError&) {
-                return 0;
-            }
-            return 1;
-        });
-        EXPECT_EQ(code, killed ? 128 + SIGXFSZ : 0);
-        EXPECT_EQ(ReadFileBytes(path), old);
-        if (!killed) {
-            int entries = 0;
-            for (const auto& entry : fs::directory_iterator(folder / "full"))
-                entries += entry.path().filename() != "r.ini.lock";
-            EXPECT_EQ(entries, 1);
-        }
-    }
-}
-
 // A huge rule file is read and added to whole, or, if it is too big to be
 // read, left alone with a reason; it is never cut.
 TEST_F(AppendRuleLine, AHugeFileIsNeverCut) {
@@ -161,30 +128,6 @@ TEST_F(AppendRuleLine, TwoProcessesAppendingAtOnceLoseNoLine) {
     for (char tag : {'a', 'b'})
         for (int i = 0; i < 500; ++i)
             EXPECT_GE(lines.IndexOf(AnsiString(std::string(1, tag) + std::to_string(i) + "|")), 0);
-}
-
-// A writer killed at a random moment of its save loop leaves a file that is
-// one of the versions it wrote: every line whole, none missing in between.
-TEST_F(AppendRuleLine, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
-    const AnsiString path(folder / "killed.ini");
-    const std::string line(60, 'r');
-    std::srand(12345);
-    for (int round = 0; round < 12; ++round) {
-        ::unlink(path.c_str());
-        const pid_t child = fork();
-        if (child == 0) {
-            for (int i = 0;; ++i)
-                globals.AppendRuleLine(path, AnsiString(line + std::to_string(i) + "|"));
-        }
-        usleep(static_cast<useconds_t>(2000 + std::rand() % 40000));
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-        const std::string bytes = ReadFileBytes(path.str());
-        std::string expected;
-        for (int i = 0; expected.size() < bytes.size(); ++i)
-            expected += line + std::to_string(i) + "|\r\n";
-        EXPECT_EQ(bytes, expected) << "round " << round;
-    }
 }
 
 } // namespace

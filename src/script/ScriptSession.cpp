@@ -121,8 +121,10 @@ TScriptSession::TResult TScriptSession::BeforeStart(const TScriptCommand& comman
         return std::nullopt;
     }
     if (words[0] == "handoff" && (words.size() == 2 || words.size() == 3)) {
-        char path[] = "/tmp/vellumdesk-handoff-XXXXXX";
-        const int fd = ::mkstemp(path);
+        const char* temp = std::getenv("TMPDIR");
+        std::string path =
+            std::string(temp && *temp ? temp : "/tmp") + "/vellumdesk-handoff-XXXXXX";
+        const int fd = ::mkstemp(path.data());
         if (fd < 0) return "cannot write the hand-off file";
         const std::string text = words[1] + "\r\n" + (words.size() == 3 ? words[2] + "\r\n" : "");
         const bool written = ::write(fd, text.data(), text.size()) == ssize_t(text.size());

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/CliCommand.h"
+#include "cli/CliPaths.h"
 #include "cli/CliSession.h"
 #include "cli/MailboxSession.h"
 #include "foundation/Utils.h"
@@ -82,6 +83,11 @@ int RunSearch(const std::vector<std::string>& args) {
                              "[--where listed|current|all] [--filter from|subject|date TEXT] "
                              "[--click COLUMN]... [--hits]\n");
         return 2;
+    }
+    std::string problem;
+    if (!AbsoluteFolder(options.mailbox.folder, problem)) {
+        std::fprintf(stderr, "search: %s\n", problem.c_str());
+        return 1;
     }
     TCliSession session;
     TInboxFrm inbox;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 #include "support/ChildProcess.h"
@@ -104,7 +105,6 @@ TEST_F(SearchCommand, NothingFoundIsTextNotFoundWithStatusOne) {
         {work, "zebra", "--where", "all"},
         {work, "", "--where", "current"},
         {work, "cat", "--filter", "from", "Bob"},
-        {folder / "nowhere", "cat"},
         {work, "a\xFF\x01"},
     };
     for (const auto& args : cases) {
@@ -115,6 +115,32 @@ TEST_F(SearchCommand, NothingFoundIsTextNotFoundWithStatusOne) {
     }
     EXPECT_EQ(Search({work}).exitCode, 2);
     EXPECT_EQ(Search({work, "x", "--where", "everywhere"}).exitCode, 2);
+}
+
+// The folder is checked and made absolute where the shell stands, before the
+// session moves into the data folder.
+TEST_F(SearchCommand, AFolderArgumentIsCheckedAndResolvedWhereTheShellIs) {
+    folder.Write("data/Quillpost Users/Work/decoy.eml", "a cat sat\r\n");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    struct TCase {
+        std::string folder;
+        int exitCode;
+        std::string out, err;
+    } cases[] = {
+        {"Work", 0, work + "/a.eml=0004-003\n", ""},
+        {"./Work/", 0, folder / "./Work/a.eml=0004-003\n", ""},
+        {folder / "nowhere", 1, "", "search: " + (folder / "nowhere") + ": no such folder\n"},
+        {"/etc/passwd", 1, "", "search: /etc/passwd: not a folder\n"},
+        {"", 1, "", "search: the folder is empty\n"},
+    };
+    for (const TCase& c : cases) {
+        const TChildResult r = Search({c.folder, "cat", "--case", "--where", "current", "--hits"});
+        EXPECT_EQ(r.exitCode, c.exitCode) << c.folder;
+        EXPECT_EQ(r.out, c.out) << c.folder;
+        EXPECT_EQ(r.err, c.err) << c.folder;
+    }
+    std::filesystem::current_path(before);
 }
 
 TEST_F(SearchCommand, AHundredKilobyteTextIsFoundWhereItStands) {

@@ -16,10 +16,15 @@ struct TListRun {
     std::string out;
 };
 
-// Runs `vellumdesk-cli list folder` with its address space limited, and
-// reports its peak resident memory.
-TListRun ListUnderLimit(const std::string& folder, const std::string& outPath, rlim_t limit) {
+// Runs `vellumdesk-cli args...` with its address space limited, and reports
+// its peak resident memory.
+TListRun RunUnderLimit(const std::vector<std::string>& args, const std::string& outPath,
+                       rlim_t limit) {
     const std::string program = BuiltProgram("vellumdesk-cli");
+    std::vector<char*> argv{const_cast<char*>(program.c_str())};
+    for (const std::string& arg : args)
+        argv.push_back(const_cast<char*>(arg.c_str()));
+    argv.push_back(nullptr);
     const pid_t pid = ::fork();
     if (pid == 0) {
         const rlimit as{limit, limit};
@@ -28,7 +33,7 @@ TListRun ListUnderLimit(const std::string& folder, const std::string& outPath, r
         ::dup2(out, 1);
         const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
         ::dup2(null, 2);
-        ::execl(program.c_str(), program.c_str(), "list", folder.c_str(), nullptr);
+        ::execv(program.c_str(), argv.data());
         ::_exit(127);
     }
     TListRun run;
@@ -54,7 +59,7 @@ TEST(ListMemory, HugeMessagesStayWithinABoundedMemory) {
         "\r\nSubject: after\r\nboundary=b\r\n--b\r\nfilename=\"w.bin\"\r\n";
     folder.Write("box/long.eml", longLine);
 
-    const TListRun run = ListUnderLimit(folder / "box", folder / "out.txt", 1536ULL << 20);
+    const TListRun run = RunUnderLimit({"list", folder / "box"}, folder / "out.txt", 1536ULL << 20);
     ASSERT_TRUE(WIFEXITED(run.status) && WEXITSTATUS(run.status) == 0) << run.status;
     // Equal dates: the order is the directory's.
     const std::string hole = "hole\ts\t13.00.0000  \t2147483648\t\tNA\tsparse.eml\n";
@@ -62,6 +67,19 @@ TEST(ListMemory, HugeMessagesStayWithinABoundedMemory) {
         "wide\tafter\t13.00.0000  \t" + std::to_string(longLine.size()) + "\tw.bin\tNA\tlong.eml\n";
     EXPECT_TRUE(run.out == hole + wide || run.out == wide + hole) << run.out;
     EXPECT_LT(run.peakKiB, 64 * 1024);
+
+    // The search reads the same files block by block, for its hits and for
+    // the rows it makes of them.
+    for (const bool hits : {true, false}) {
+        std::vector<std::string> args{"search", folder / "box", "after", "--where", "current"};
+        if (hits) args.push_back("--hits");
+        const TListRun search = RunUnderLimit(args, folder / "out.txt", 1536ULL << 20);
+        ASSERT_TRUE(WIFEXITED(search.status) && WEXITSTATUS(search.status) == 0) << search.status;
+        EXPECT_EQ(search.out, hits ? folder / "box/long.eml=0002-010\n"
+                                   : "Subject: after\t \twide\tafter\t" + folder / "box/long.eml\n")
+            << hits;
+        EXPECT_LT(search.peakKiB, 64 * 1024) << hits;
+    }
 }
 
 // A mailbox list of thirty million one-letter lines is read (it is below the

@@ -101,9 +101,12 @@ void OpenMailbox(TInboxFrm& inbox, const TMailboxOptions& options) {
     }
 }
 
+TEscape StandardOutputEscape() {
+    return ::isatty(STDOUT_FILENO) ? TEscape::Controls : TEscape::Documented;
+}
+
 void PrintRows(const TListView& list) {
-    // A terminal gets no control byte of a header: none can steer it.
-    const TEscape mode = ::isatty(STDOUT_FILENO) ? TEscape::Controls : TEscape::Documented;
+    const TEscape mode = StandardOutputEscape();
     std::string out;
     out.reserve(2 * flushAt);
     for (int i = 0; i < list.Count(); ++i) {

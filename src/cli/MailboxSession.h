@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "script/FieldEscape.h"
+
 class TInboxFrm;
 class TListView;
 
@@ -25,6 +27,10 @@ bool TakeMailboxOption(const std::vector<std::string>& args, std::size_t& i,
 // Scans the folder as the window's activation does, then applies the filter
 // and the clicks.
 void OpenMailbox(TInboxFrm& inbox, const TMailboxOptions& options);
+
+// How printed values are escaped: a terminal gets no control byte of a header
+// or a file name (none can steer it), a pipe the documented form.
+TEscape StandardOutputEscape();
 
 // One line per row: the caption and the sub-items, tab-separated and escaped.
 // Long fields are written in pieces, never copied whole.

@@ -63,10 +63,11 @@ std::size_t PrintHits(const TInboxFrm& inbox, const TSearchOptions& options) {
     std::string out;
     out.reserve(2 * piece);
     std::size_t count = 0;
+    const TEscape mode = StandardOutputEscape();
     inbox.EmitSearchHits(AnsiString(options.text), options.caseSensitive, options.wholeWord,
                          static_cast<unsigned short>(options.where), [&](std::string_view hit) {
                              ++count;
-                             AppendEscaped(out, hit);
+                             AppendEscaped(out, hit, mode);
                              out += '\n';
                              if (out.size() < piece) return;
                              std::fwrite(out.data(), 1, out.size(), stdout);

@@ -143,6 +143,21 @@ TEST_F(SearchCommand, AFolderArgumentIsCheckedAndResolvedWhereTheShellIs) {
     std::filesystem::current_path(before);
 }
 
+// On a terminal neither the hit lines nor the rows carry a control byte of a
+// file name or a header: they are shown as \xHH.
+TEST_F(SearchCommand, ATerminalGetsNoControlBytes) {
+    const std::string esc = folder / "Esc";
+    folder.Write("Esc/x\x1b[31mred.eml", "From: a\x1b]0;owned\x07b\r\n\r\nneedle\r\n");
+    for (const char* hits : {" --hits", ""}) {
+        const TChildResult tty = RunChild({"/usr/bin/script", "-qec",
+                                           BuiltProgram("vellumdesk-cli") + " search '" + esc +
+                                               "' needle --where current" + hits + " 2>/dev/null",
+                                           "/dev/null"});
+        EXPECT_EQ(tty.out.find('\x1b'), std::string::npos) << hits << tty.out;
+        EXPECT_NE(tty.out.find("x\\x1B[31mred.eml"), std::string::npos) << hits << tty.out;
+    }
+}
+
 TEST_F(SearchCommand, AHundredKilobyteTextIsFoundWhereItStands) {
     const std::string text(100 * 1024, 'k');
     folder.Write("Work/long.eml", "x\r\n" + text + "\r\n");

@@ -1,5 +1,5 @@
-// A scripted session that is interrupted (Ctrl+C, or ended by its id) while it
-// runs takes its temporary hand-off file with it.
+// A scripted session's temporary hand-off file goes with the session, whether
+// it was interrupted (Ctrl+C, or ended by its id) or could not be written.
 
 #include <chrono>
 #include <csignal>
@@ -25,7 +25,7 @@ int HandOffFiles(const std::string& folder) {
     return count;
 }
 
-TEST(InterruptedSession, TakesItsHandOffFileWithIt) {
+TEST(HandOffFile, AnInterruptedSessionTakesItWithIt) {
     TTempFolder folder;
     TEnvOverride env;
     const std::string temp = folder.MakeFolder("tmp");
@@ -53,6 +53,27 @@ TEST(InterruptedSession, TakesItsHandOffFileWithIt) {
         EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << status;
         EXPECT_EQ(HandOffFiles(temp), 0) << "signal " << signal;
     }
+}
+
+// A disk that fills while the hand-off file is written (the write fails with
+// EFBIG under a file-size limit whose signal is ignored): the session does not
+// start, names the line, and leaves no file behind.
+TEST(HandOffFile, OneThatCannotBeWrittenStopsTheSessionAndIsRemoved) {
+    TTempFolder folder;
+    TEnvOverride env;
+    const std::string temp = folder.MakeFolder("tmp");
+    env.Set("TMPDIR", temp.c_str());
+    env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+    const std::string script =
+        "# a long mailbox path\nhandoff \"" + std::string(300, 'm') + "\"\nstart\nshow InboxFrm\n";
+    const TChildResult r =
+        RunChild({"/bin/sh", "-c", "trap '' XFSZ; ulimit -f 0 && exec \"$0\" \"$@\"",
+                  BuiltProgram("vellumdesk-cli"), "script", "-"},
+                 script);
+    EXPECT_EQ(r.exitCode, 2) << r.err;
+    EXPECT_EQ(r.err, "line 2: cannot write the hand-off file\n");
+    EXPECT_EQ(r.out, "");
+    EXPECT_EQ(HandOffFiles(temp), 0);
 }
 
 } // namespace

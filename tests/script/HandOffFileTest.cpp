@@ -25,12 +25,19 @@ int HandOffFiles(const std::string& folder) {
     return count;
 }
 
-TEST(HandOffFile, AnInterruptedSessionTakesItWithIt) {
+// A session's temporary files go to a folder of the test.
+class HandOffFile : public ::testing::Test {
+protected:
     TTempFolder folder;
     TEnvOverride env;
     const std::string temp = folder.MakeFolder("tmp");
-    env.Set("TMPDIR", temp.c_str());
-    env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+    HandOffFile() {
+        env.Set("TMPDIR", temp.c_str());
+        env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+    }
+};
+
+TEST_F(HandOffFile, AnInterruptedSessionTakesItWithIt) {
     // Browse waits half a second each time: the session runs for twenty.
     std::string script = "handoff \"" + folder.MakeFolder("box") + "\"\nstart\n";
     for (int i = 0; i < 40; ++i)
@@ -58,12 +65,7 @@ TEST(HandOffFile, AnInterruptedSessionTakesItWithIt) {
 // A disk that fills while the hand-off file is written (the write fails with
 // EFBIG under a file-size limit whose signal is ignored): the session does not
 // start, names the line, and leaves no file behind.
-TEST(HandOffFile, OneThatCannotBeWrittenStopsTheSessionAndIsRemoved) {
-    TTempFolder folder;
-    TEnvOverride env;
-    const std::string temp = folder.MakeFolder("tmp");
-    env.Set("TMPDIR", temp.c_str());
-    env.Set("XDG_DATA_HOME", (folder / "data").c_str());
+TEST_F(HandOffFile, OneThatCannotBeWrittenStopsTheSessionAndIsRemoved) {
     const std::string script =
         "# a long mailbox path\nhandoff \"" + std::string(300, 'm') + "\"\nstart\nshow InboxFrm\n";
     const TChildResult r =

@@ -4,13 +4,13 @@
 // xdotool and xwd (scripts/bootstrap installs them); skipped without them.
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <sstream>
 #include <thread>
-#include <cctype>
 
 #include "support/BackgroundProcess.h"
 #include "support/ChildProcess.h"
@@ -46,9 +46,10 @@ protected:
             folder / "xvfb.log");
         std::string display;
         ASSERT_TRUE(WaitFor([&] {
-            display = AnnouncedDisplay(ReadFileBytes(folder / "xvfb.log"));
-            return !display.empty() || !xserver->Running();
-        }) && !display.empty())
+                        display = AnnouncedDisplay(ReadFileBytes(folder / "xvfb.log"));
+                        return !display.empty() || !xserver->Running();
+                    }) &&
+                    !display.empty())
             << ReadFileBytes(folder / "xvfb.log");
         env.Set("DISPLAY", display.c_str());
         env.Set("QT_QPA_PLATFORM", "xcb");
@@ -69,7 +70,7 @@ protected:
         return {};
     }
     template <typename Condition> static bool WaitFor(Condition condition) {
-        for (int i = 0; i < 100; ++i) {
+        for (int i = 0; i < 400; ++i) {
             if (condition()) return true;
             std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
@@ -155,8 +156,8 @@ TEST_P(DesktopSmoke, SortsOpensAMenuUnderItsButtonAndCloses) {
     X({"mousemove", std::to_string(window.x + static_cast<int>(30 * scale)),
        std::to_string(window.y + static_cast<int>(48 * scale)), "click", "1"});
     X({"mousemove", "0", "0"});
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
-    EXPECT_NE(Shot("sorted.xwd", main), before) << "the rows changed their order";
+    EXPECT_TRUE(WaitFor([&] { return Shot("sorted.xwd", main) != before; }))
+        << "the rows changed their order";
 
     // Alt+T is the filter text; three Tabs on, the menu button of Browse.
     X({"windowfocus", "--sync", main});

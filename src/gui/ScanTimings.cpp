@@ -31,7 +31,10 @@ TScanTimings::TScanTimings(TInboxWindow& window, QAbstractItemView& list) : list
 
 void TScanTimings::Tick() {
     const qint64 now = clock.elapsed();
-    if (lastTick >= 0 && now - lastTick > longestGap) longestGap = now - lastTick;
+    if (lastTick >= 0 && now - lastTick > longestGap) {
+        longestGap = now - lastTick;
+        longestGapEnd = now;
+    }
     lastTick = now;
 }
 
@@ -47,7 +50,9 @@ void TScanTimings::Report() {
     Tick();
     std::fprintf(stderr,
                  "rows: %d\nfirst rows in the model: %lld ms\nfirst rows painted: %lld ms\n"
-                 "whole list (scan and sort): %lld ms\nlongest gap between events: %lld ms\n",
-                 list.model()->rowCount(), firstInModel, firstPainted, whole, longestGap);
+                 "whole list (scan and sort): %lld ms\nlongest gap between events: %lld ms\n"
+                 "longest gap ended at: %lld ms\n",
+                 list.model()->rowCount(), firstInModel, firstPainted, whole, longestGap,
+                 longestGapEnd);
     if (Application) Application->Terminate();
 }

@@ -33,6 +33,7 @@ private:
     QTimer ticker;
     qint64 lastTick = -1;
     qint64 longestGap = 0;
+    qint64 longestGapEnd = 0;
     qint64 firstInModel = -1;
     qint64 firstPainted = -1;
     qint64 whole = -1;

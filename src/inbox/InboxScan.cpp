@@ -22,9 +22,16 @@ void Yield() {
 
 // Lists the folder on a thread of its own while this one goes on handling
 // events: a folder of 100,000 messages takes the better part of a second.
-bool ListWhileYielding(const AnsiString& mask, TStringList& listed) {
-    auto listing = std::async(std::launch::async, [&mask, &listed, utils = Utils] {
-        return utils->SearchFiles(mask, faAnyFile, listed, false);
+// The same thread makes the names the workers open: prefix + name, or the
+// bare name when they open it in the held folder (empty prefix).
+bool ListWhileYielding(const AnsiString& mask, const AnsiString& prefix, TStringList& listed,
+                       std::vector<std::string>& names) {
+    auto listing = std::async(std::launch::async, [&, utils = Utils] {
+        if (!utils->SearchFiles(mask, faAnyFile, listed, false)) return false;
+        names.reserve(static_cast<std::size_t>(listed.Count()));
+        for (const AnsiString& name : listed)
+            names.push_back(prefix.IsEmpty() ? name.str() : (prefix + name).str());
+        return true;
     });
     while (listing.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
         Yield();
@@ -97,8 +104,12 @@ int TInboxFrm::ScanMessages() {
     const AnsiString mask = prefix + "*.eml";
     const int filterType = LMDcbFilterType.ItemIndex();
     OpenListedFolder(mask);
+    // Names are opened in the held folder, unless the path the window
+    // builds is not that folder's (a name that ends in a backslash).
+    const bool inFolder = listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
     TStringList listed;
-    const bool found = ListWhileYielding(mask, listed);
+    std::vector<std::string> names;
+    const bool found = ListWhileYielding(mask, inFolder ? AnsiString() : prefix, listed, names);
     if (generation != scanGeneration) {
         // A scan started during the listing has listed and read the folder itself.
         lvEmailList.SetSortType(sortType);
@@ -107,14 +118,6 @@ int TInboxFrm::ScanMessages() {
     }
     MessageFiles = std::move(listed);
     if (found) {
-        // Names are opened in the held folder, unless the path the window
-        // builds is not that folder's (a name that ends in a backslash).
-        const bool inFolder =
-            listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
-        std::vector<std::string> names;
-        names.reserve(static_cast<std::size_t>(MessageFiles.Count()));
-        for (const AnsiString& name : MessageFiles)
-            names.push_back(inFolder ? name.str() : (prefix + name).str());
         lvEmailList.Reserve(MessageFiles.Count());
         listedFiles.assign(static_cast<std::size_t>(MessageFiles.Count()), TFileId{});
         std::chrono::steady_clock::time_point shown{};

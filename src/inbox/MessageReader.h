@@ -14,7 +14,7 @@ class TMessageReader {
 public:
     // Most messages fit; the few larger ones stream, and each worker's buffer
     // stays small.
-    static constexpr std::size_t defaultLimit = 1024 * 1024;
+    static constexpr std::size_t defaultLimit = 4 * 1024 * 1024;
     explicit TMessageReader(std::size_t limit = defaultLimit) : limit(limit) {}
 
     // Opens name in the folder dirFd (or a full path with AT_FDCWD) for

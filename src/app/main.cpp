@@ -5,6 +5,9 @@
 // With VELLUMDESK_SCREENSHOT=file.png the program saves a picture of its main
 // window once the first scan is on the screen, and ends: that is how the demo
 // shows itself on a machine without a display.
+//
+// With VELLUMDESK_SCAN_TIMINGS=1 it prints how its first scan went on the
+// screen (ScanTimings.h) and ends: that is how the benchmark times the window.
 
 #include <QApplication>
 #include <QTimer>
@@ -19,6 +22,7 @@
 #include "gui/QtApplication.h"
 #include "gui/QtDialogs.h"
 #include "gui/RaiseChannel.h"
+#include "gui/ScanTimings.h"
 #include "gui/SendToDialog.h"
 #include "inbox/InboxForm.h"
 #include "inbox/ProgramEntry.h"
@@ -88,6 +92,9 @@ int main(int argc, char** argv) {
         if (const char* screenshot = std::getenv("VELLUMDESK_SCREENSHOT"))
             QObject::connect(&window, &TInboxWindow::activated, &window,
                              [&window, screenshot] { SaveScreenshotAndQuit(window, screenshot); });
+        std::unique_ptr<TScanTimings> timings;
+        if (std::getenv("VELLUMDESK_SCAN_TIMINGS"))
+            timings = std::make_unique<TScanTimings>(window, window.ListView());
         window.show();
         QApplication::exec();
         desktop.dialogs->Parent = nullptr;

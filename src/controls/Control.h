@@ -14,6 +14,8 @@ class TForm;
 enum class TChange {
     Properties, // caption, text, enabled, visible, cursor, size, bevels
     Rows,       // the items of a list, combo box or menu
+    RowsAdded,  // rows added behind those of the last notice, and nothing else
+    RowsSoFar,  // within an update, the rows so far in place of those noticed
     Selection,  // which rows or item are selected
 };
 

@@ -3,15 +3,17 @@
 // a sort mode with a compare event, and column headers that can be clicked.
 // A binding gets one notice per EndUpdate, not one per row.
 
+#include <cstdint>
 #include <functional>
 #include <vector>
 
 #include "controls/Control.h"
+#include "controls/ListSubItems.h"
 #include "foundation/Sortable.h"
 
 struct TListItem {
     AnsiString Caption;
-    std::vector<AnsiString> SubItems;
+    TListSubItems SubItems;
     bool Selected = false;
     // More about the row than its cells say, shown with the cell of the
     // list's HintColumn when the pointer rests on it.
@@ -35,10 +37,18 @@ public:
     int Count() const { return static_cast<int>(items.size()); }
     TListItem& Add();
     void Clear();
+    // Room for count rows, so that a long list is not copied as it grows.
+    void Reserve(int count);
     TListItem& Item(int index);
     const TListItem& Item(int index) const;
     void BeginUpdate() { ++updateCount; }
     void EndUpdate();
+    // Within an update, shows the rows so far without ending it: RowsAdded
+    // when rows were only added since the last notice, RowsSoFar otherwise;
+    // the update still ends in one Rows notice. A
+    // long scan calls it now and then, so that its first rows are on the
+    // screen long before its last.
+    void ShowRowsSoFar();
 
     // Selection
     TListItem* Selected();     // the first selected row in list order, or null
@@ -53,6 +63,16 @@ public:
     void SetSortType(TSortType value) override;
     // Negative puts a above b, positive below, zero: equal.
     std::function<int(const TListItem& a, const TListItem& b)> OnCompare;
+    // Optional: a row's place in OnCompare's order as far as 16 bytes of its
+    // sort text tell, the first 16 at depth 0, the next at depth 1, and so on.
+    // Rows go by their keys where those differ; rows with equal whole keys
+    // (texts that end within those bytes) are equal; the rest go one depth
+    // further. A long list is then sorted with few visits to its rows.
+    struct TSortKey {
+        std::uint64_t high = 0, low = 0;
+        bool whole = false;
+    };
+    std::function<TSortKey(const TListItem& item, unsigned depth)> OnSortKey;
 
     std::function<void(int column)> OnColumnClick;
     std::function<void()> OnDblClick;
@@ -65,11 +85,22 @@ public:
 
 private:
     void RowsChanged(TChange change);
+    void NoticeRows(TChange change);
     void Sort();
+    std::vector<std::uint32_t> SortedOrder() const;
+    std::vector<std::uint32_t> SortedOrderByKeys() const;
+    struct TKeyed {
+        TSortKey key;
+        std::uint32_t index;
+    };
+    void SortByKeys(std::vector<TKeyed>::iterator first, std::vector<TKeyed>::iterator last,
+                    unsigned depth) const;
 
     std::vector<TListItem> items;
     TSortType sortType = TSortType::stNone;
     int updateCount = 0;
     bool pendingRows = false;
+    bool rowsReplaced = false; // since the last notice, more than additions
+    std::size_t noticedCount = 0;
     bool pendingSelection = false;
 };

@@ -30,6 +30,7 @@ public:
     ~TInboxWindow() override;
 
     TInboxListCommands& ListCommands() { return listCommands; }
+    QTreeView& ListView() { return list; }
 
 signals:
     // The activation has run: the first scan is on the screen.

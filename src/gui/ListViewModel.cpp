@@ -3,12 +3,19 @@
 #include "gui/QtText.h"
 
 TListViewModel::TListViewModel(TListView& list, QObject* parent)
-    : QAbstractTableModel(parent), list(list) {
+    : QAbstractTableModel(parent), list(list), shownRows(list.Count()) {
     subscription = list.Subscribe([this](TControl&, TChange change) {
-        if (change == TChange::Rows) {
+        if (change == TChange::Rows || change == TChange::RowsSoFar) {
             beginResetModel();
+            shownRows = this->list.Count();
             endResetModel();
             emit selectionChangedInModel();
+        } else if (change == TChange::RowsAdded) {
+            // Only new rows at the end: the view keeps its place and its selection.
+            if (this->list.Count() <= shownRows) return;
+            beginInsertRows({}, shownRows, this->list.Count() - 1);
+            shownRows = this->list.Count();
+            endInsertRows();
         } else if (change == TChange::Selection) {
             emit selectionChangedInModel();
         }
@@ -20,7 +27,7 @@ TListViewModel::~TListViewModel() {
 }
 
 int TListViewModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : list.Count();
+    return parent.isValid() ? 0 : shownRows;
 }
 
 int TListViewModel::columnCount(const QModelIndex& parent) const {
@@ -33,7 +40,7 @@ QVariant TListViewModel::data(const QModelIndex& index, int role) const {
     const TListItem& row = list.Item(index.row());
     const auto sub = static_cast<std::size_t>(index.column() - 1);
     const QString text = index.column() == 0         ? ToQString(row.Caption)
-                         : sub < row.SubItems.size() ? ToQString(row.SubItems[sub])
+                         : sub < row.SubItems.size() ? ToQString(row.SubItems.View(sub))
                                                      : QString();
     if (role == Qt::ToolTipRole && index.column() == list.HintColumn && !row.Hint.IsEmpty())
         return text + '\n' + ToQString(row.Hint);

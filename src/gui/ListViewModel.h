@@ -1,7 +1,8 @@
 #pragma once
 // A list view model shown by Qt: rows and columns come from the TListView,
 // and one reset follows each notice of new rows (one per EndUpdate), so a
-// scan of 100,000 messages costs one reset, not one per row.
+// scan of 100,000 messages costs one reset, not one per row. Rows a scan
+// shows before its end come in as insertions at the end.
 
 #include <QAbstractTableModel>
 
@@ -27,4 +28,5 @@ signals:
 private:
     TListView& list;
     int subscription = 0;
+    int shownRows = 0; // the rows the view has been told of
 };

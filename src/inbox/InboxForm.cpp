@@ -87,6 +87,9 @@ void TInboxFrm::SetUpList() {
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {
         return lvEmailListCompare(a, b);
     };
+    lvEmailList.OnSortKey = [this](const TListItem& item, unsigned depth) {
+        return lvEmailListSortKey(item, depth);
+    };
 }
 
 void TInboxFrm::SetUpMenus() {

@@ -3,10 +3,11 @@
 // sorts and filters the rows, and starts every command on them. Everything
 // here runs against control models; the screen binds to them from outside.
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "controls/ComboBox.h"
@@ -89,6 +90,8 @@ public:
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
     int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;
+    // 16 bytes at a time of the order lvEmailListCompare gives.
+    TListView::TSortKey lvEmailListSortKey(const TListItem& item, unsigned depth) const;
     void LMDcbFilterTypeChange();
     void LMDcbFilterTextChange() {}
     void FillFilterTexts();
@@ -153,7 +156,8 @@ private:
     void SetRunMailWidths();
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
-    void ScanMessage(const AnsiString& name, const TScannedMessage& message, int filterType);
+    void ScanMessage(int index, const TScannedMessage& message, int filterType);
+    void ShowScannedRows(std::chrono::steady_clock::time_point& shown);
     void CollectFilterTexts(std::string_view from, std::string_view subject, std::string_view date);
     void OpenListedFolder(const AnsiString& mask);
     // Removes a file of the last scan from the folder the scan listed, and
@@ -175,6 +179,9 @@ private:
         ino_t inode;
     };
     TFileDescriptor listedFolder;
-    std::unordered_map<std::string, TFileId> listedFiles;
+    // By the index of the name in MessageFiles; a zero inode: no row was read.
+    std::vector<TFileId> listedFiles;
+    // Indexes of MessageFiles in name order, made at the first deletion.
+    std::vector<std::uint32_t> listedByName;
     unsigned scanGeneration = 0;
 };

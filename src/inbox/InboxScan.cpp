@@ -1,6 +1,10 @@
 // TInboxFrm: the hand-off file and the scan of a mailbox into rows.
 
+#include <algorithm>
+#include <chrono>
 #include <fcntl.h>
+#include <future>
+#include <numeric>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,6 +18,24 @@ namespace {
 
 void Yield() {
     if (Application) Application->ProcessMessages();
+}
+
+// Lists the folder on a thread of its own while this one goes on handling
+// events: a folder of 100,000 messages takes the better part of a second.
+// The same thread makes the names the workers open: prefix + name, or the
+// bare name when they open it in the held folder (empty prefix).
+bool ListWhileYielding(const AnsiString& mask, const AnsiString& prefix, TStringList& listed,
+                       std::vector<std::string>& names) {
+    auto listing = std::async(std::launch::async, [&, utils = Utils] {
+        if (!utils->SearchFiles(mask, faAnyFile, listed, false)) return false;
+        names.reserve(static_cast<std::size_t>(listed.Count()));
+        for (const AnsiString& name : listed)
+            names.push_back(prefix.IsEmpty() ? name.str() : (prefix + name).str());
+        return true;
+    });
+    while (listing.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+        Yield();
+    return listing.get();
 }
 
 struct TStringListLines {
@@ -65,6 +87,7 @@ void TInboxFrm::OpenListedFolder(const AnsiString& mask) {
                                                           : m.substr(0, slash);
     listedFolder = TFileDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     listedFiles.clear();
+    listedByName.clear();
 }
 
 int TInboxFrm::ScanMessages() {
@@ -81,15 +104,23 @@ int TInboxFrm::ScanMessages() {
     const AnsiString mask = prefix + "*.eml";
     const int filterType = LMDcbFilterType.ItemIndex();
     OpenListedFolder(mask);
-    if (Utils->SearchFiles(mask, faAnyFile, MessageFiles, false)) {
-        // Names are opened in the held folder, unless the path the window
-        // builds is not that folder's (a name that ends in a backslash).
-        const bool inFolder =
-            listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
-        std::vector<std::string> names;
-        names.reserve(static_cast<std::size_t>(MessageFiles.Count()));
-        for (const AnsiString& name : MessageFiles)
-            names.push_back(inFolder ? name.str() : (prefix + name).str());
+    // Names are opened in the held folder, unless the path the window
+    // builds is not that folder's (a name that ends in a backslash).
+    const bool inFolder = listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
+    TStringList listed;
+    std::vector<std::string> names;
+    const bool found = ListWhileYielding(mask, inFolder ? AnsiString() : prefix, listed, names);
+    if (generation != scanGeneration) {
+        // A scan started during the listing has listed and read the folder itself.
+        lvEmailList.SetSortType(sortType);
+        lvEmailList.EndUpdate();
+        return MessageFiles.Count();
+    }
+    MessageFiles = std::move(listed);
+    if (found) {
+        lvEmailList.Reserve(MessageFiles.Count());
+        listedFiles.assign(static_cast<std::size_t>(MessageFiles.Count()), TFileId{});
+        std::chrono::steady_clock::time_point shown{};
         auto pipeline = std::make_unique<TScanPipeline>(
             inFolder ? listedFolder.Get() : AT_FDCWD, std::move(names),
             TScanPipeline::TOptions{.workers = ScanWorkers});
@@ -101,14 +132,15 @@ int TInboxFrm::ScanMessages() {
                 (generation != scanGeneration || static_cast<std::size_t>(i) >= pipeline->Count() ||
                  (Application && Application->Terminated())))
                 pipeline.reset();
-            const AnsiString& name = MessageFiles[i];
             if (pipeline) {
-                ScanMessage(name, pipeline->Take(static_cast<std::size_t>(i)), filterType);
+                ScanMessage(i, pipeline->Take(static_cast<std::size_t>(i)), filterType);
             } else {
-                const TFileDescriptor file(TMessageReader::Open(AT_FDCWD, (prefix + name).c_str()));
+                const TFileDescriptor file(
+                    TMessageReader::Open(AT_FDCWD, (prefix + MessageFiles[i]).c_str()));
                 reader.Read(file.Get(), scanned);
-                ScanMessage(name, scanned, filterType);
+                ScanMessage(i, scanned, filterType);
             }
+            ShowScannedRows(shown);
             if (OnScanProgress) OnScanProgress(i + 1, MessageFiles.Count());
         }
     }
@@ -119,8 +151,17 @@ int TInboxFrm::ScanMessages() {
     return MessageFiles.Count();
 }
 
-void TInboxFrm::ScanMessage(const AnsiString& name, const TScannedMessage& message,
-                            int filterType) {
+// The rows so far go to the screen with the first one and then every tenth
+// of a second, each time as one addition, not as a new list.
+void TInboxFrm::ShowScannedRows(std::chrono::steady_clock::time_point& shown) {
+    if (lvEmailList.Count() == 0) return;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - shown < std::chrono::milliseconds(100)) return;
+    shown = now;
+    lvEmailList.ShowRowsSoFar();
+}
+
+void TInboxFrm::ScanMessage(int index, const TScannedMessage& message, int filterType) {
     if (message.State != TScannedMessage::TState::Read) return;
     const std::string_view from = message.From, subject = message.Subject, date = message.Date;
     if (filterType >= 1 && filterType <= 3) {
@@ -139,22 +180,42 @@ void TInboxFrm::ScanMessage(const AnsiString& name, const TScannedMessage& messa
                     AnsiString(static_cast<unsigned long>(message.Size)),
                     AnsiString(message.Attachments),
                     AnsiString(message.ContentType),
-                    name};
+                    MessageFiles[index]};
     const TFileId id{message.Device, message.Inode};
+    const unsigned generation = scanGeneration;
     for (int pass = 0; pass < message.WalkPasses; ++pass)
         Yield();
-    listedFiles[name.str()] = id;
+    // A scan started by a yield has listed the folder anew: index names another file.
+    if (generation == scanGeneration) listedFiles[static_cast<std::size_t>(index)] = id;
     // The Date header as the message has it, for the arrival date's tooltip.
     if (!message.SentDate.empty()) row.Hint = AnsiString("Date: ") + AnsiString(message.SentDate);
     lvEmailList.Add() = std::move(row);
 }
 
 bool TInboxFrm::DeleteListedFile(const AnsiString& name) {
-    const auto listed = listedFiles.find(name.str());
-    if (listed == listedFiles.end() || !listedFolder.IsOpen()) return false;
+    if (!listedFolder.IsOpen() ||
+        listedFiles.size() != static_cast<std::size_t>(MessageFiles.Count()))
+        return false;
+    if (listedByName.size() != listedFiles.size()) {
+        listedByName.resize(listedFiles.size());
+        std::iota(listedByName.begin(), listedByName.end(), 0U);
+        std::sort(listedByName.begin(), listedByName.end(),
+                  [this](std::uint32_t a, std::uint32_t b) {
+                      return MessageFiles[static_cast<int>(a)].view() <
+                             MessageFiles[static_cast<int>(b)].view();
+                  });
+    }
+    const auto listed = std::lower_bound(listedByName.begin(), listedByName.end(), name.view(),
+                                         [this](std::uint32_t a, std::string_view n) {
+                                             return MessageFiles[static_cast<int>(a)].view() < n;
+                                         });
+    if (listed == listedByName.end() ||
+        MessageFiles[static_cast<int>(*listed)].view() != name.view())
+        return false;
+    const TFileId id = listedFiles[*listed];
     struct stat st {};
-    if (::fstatat(listedFolder.Get(), name.c_str(), &st, 0) != 0 ||
-        st.st_dev != listed->second.device || st.st_ino != listed->second.inode)
+    if (id.inode == 0 || ::fstatat(listedFolder.Get(), name.c_str(), &st, 0) != 0 ||
+        st.st_dev != id.device || st.st_ino != id.inode)
         return false;
     return ::unlinkat(listedFolder.Get(), name.c_str(), 0) == 0;
 }

@@ -1,14 +1,20 @@
 // TInboxFrm: the order of the rows and the filter controls.
 
 #include <algorithm>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
 
 #include "foundation/Utils.h"
 #include "inbox/InboxForm.h"
 
 namespace {
 
-const AnsiString& TextOfColumn(const TListItem& row, int column) {
-    return column == 0 ? row.Caption : row.SubItems.at(static_cast<std::size_t>(column - 1));
+std::string_view TextOfColumn(const TListItem& row, int column) {
+    if (column == 0) return row.Caption.view();
+    const auto index = static_cast<std::size_t>(column - 1);
+    if (index >= row.SubItems.size()) throw std::out_of_range("no such column");
+    return row.SubItems.View(index);
 }
 
 int Ordered(const auto& a, const auto& b) {
@@ -27,9 +33,9 @@ unsigned char AsciiUpper(char c) {
 
 // The order of the upper-cased texts. Plain ASCII texts are compared byte by
 // byte without making upper-case copies; anything else folds whole.
-int OrderedUpper(const AnsiString& a, const AnsiString& b) {
-    if (!IsAscii(a.view()) || !IsAscii(b.view())) return Ordered(a.UpperCase(), b.UpperCase());
-    const std::string_view x = a.view(), y = b.view();
+int OrderedUpper(std::string_view x, std::string_view y) {
+    if (!IsAscii(x) || !IsAscii(y))
+        return Ordered(AnsiString(x).UpperCase(), AnsiString(y).UpperCase());
     const std::size_t common = std::min(x.size(), y.size());
     for (std::size_t i = 0; i < common; ++i) {
         const unsigned char p = AsciiUpper(x[i]), q = AsciiUpper(y[i]);
@@ -50,12 +56,48 @@ int TInboxFrm::lvEmailListCompare(const TListItem& item1, const TListItem& item2
     const int column = Utils->SortColumn;
     int r = 0;
     if (column == 3)
-        r = Ordered(TextOfColumn(item1, 3).ToIntDef(0), TextOfColumn(item2, 3).ToIntDef(0));
+        r = Ordered(AnsiString(TextOfColumn(item1, 3)).ToIntDef(0),
+                    AnsiString(TextOfColumn(item2, 3)).ToIntDef(0));
     else
         r = OrderedUpper(TextOfColumn(item1, column), TextOfColumn(item2, column));
     if (column == 2) r = -r;
     if (!Utils->SortFlag) r = -r;
     return r;
+}
+
+// 16 bytes of the upper-cased text, big-endian and padded with zeros, order
+// as the texts do wherever they differ; the number column orders by its
+// value. A column that runs from large to small turns the key's bits over.
+TListView::TSortKey TInboxFrm::lvEmailListSortKey(const TListItem& item, unsigned depth) const {
+    const int column = Utils->SortColumn;
+    const bool ascending = (column == 2) == Utils->SortFlag;
+    TListView::TSortKey key;
+    const std::string_view text = TextOfColumn(item, column);
+    if (column == 3) {
+        key.high =
+            static_cast<std::uint64_t>(AnsiString(text).ToIntDef(0)) ^ (std::uint64_t{1} << 63);
+        key.whole = true;
+    } else {
+        std::string upper;
+        const std::string_view folded =
+            IsAscii(text) ? text : (upper = AnsiString(text).UpperCase().str());
+        unsigned char bytes[16] = {};
+        const std::size_t from = std::min<std::size_t>(folded.size(), 16 * std::size_t{depth});
+        const std::size_t count = std::min(folded.size() - from, sizeof bytes);
+        for (std::size_t i = 0; i < count; ++i)
+            bytes[i] = AsciiUpper(folded[from + i]);
+        for (std::size_t i = 0; i < 8; ++i) {
+            key.high = key.high << 8 | bytes[i];
+            key.low = key.low << 8 | bytes[i + 8];
+        }
+        key.whole = folded.size() - from <= sizeof bytes &&
+                    std::find(bytes, bytes + count, 0) == bytes + count;
+    }
+    if (!ascending) {
+        key.high = ~key.high;
+        key.low = ~key.low;
+    }
+    return key;
 }
 
 int TInboxFrm::SortedColumn() const {

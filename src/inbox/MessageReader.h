@@ -12,7 +12,9 @@
 
 class TMessageReader {
 public:
-    static constexpr std::size_t defaultLimit = 8 * 1024 * 1024;
+    // Most messages fit; the few larger ones stream, and each worker's buffer
+    // stays small.
+    static constexpr std::size_t defaultLimit = 4 * 1024 * 1024;
     explicit TMessageReader(std::size_t limit = defaultLimit) : limit(limit) {}
 
     // Opens name in the folder dirFd (or a full path with AT_FDCWD) for

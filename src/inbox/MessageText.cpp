@@ -64,9 +64,13 @@ TMessageText::TLoad TMessageText::LoadFrom(int fd, std::size_t limit, std::size_
         if (got == 0) break;
         const char* fresh = buffer.get() + read;
         read += static_cast<std::size_t>(got);
-        if (std::memchr(fresh, '\0', static_cast<std::size_t>(got))) break;
+        // Each byte is looked at once, while it is fresh in the cache.
+        if (const void* nul = std::memchr(fresh, '\0', static_cast<std::size_t>(got))) {
+            length = static_cast<std::size_t>(static_cast<const char*>(nul) - buffer.get());
+            return TLoad::Whole;
+        }
     }
-    CutAtNul(read);
+    length = read;
     return TLoad::Whole;
 }
 

@@ -1,6 +1,7 @@
 # Thin wrapper over CMake. `make test` builds and runs every test, twice: a
 # normal build and one under AddressSanitizer and UndefinedBehaviorSanitizer;
-# then the tests that use worker threads once more under ThreadSanitizer.
+# then the tests that use worker threads once more under ThreadSanitizer;
+# last the fuzz targets (clang's libFuzzer) for a bounded time each.
 # `make install PREFIX=...` and `make package` install the program or make
 # its Debian package.
 
@@ -8,9 +9,11 @@ JOBS ?= $(shell nproc)
 BUILD ?= build
 ASAN_BUILD ?= build-asan
 TSAN_BUILD ?= build-tsan
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 20
 PREFIX ?= /usr/local
 
-.PHONY: all bootstrap build test test-fast test-asan test-tsan demo bench install package clean
+.PHONY: all bootstrap build test test-fast test-asan test-tsan test-fuzz demo bench install package clean
 
 all: build
 
@@ -43,7 +46,18 @@ test-tsan: bootstrap $(TSAN_BUILD)/build.ninja
 	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1 ctest --output-on-failure -j $(JOBS) \
 		-R 'inbox\.(ScanPipeline|MessageReader|Swaps)|^search\.|^forwarding\.'
 
-test: test-fast test-asan test-tsan
+# The readers of outside bytes under libFuzzer: first the replay of the seeds
+# and of every input that once failed (ctest), then each target for
+# FUZZ_SECONDS on a copy of its seeds in the build folder.
+$(FUZZ_BUILD)/build.ninja: | bootstrap
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELLUMDESK_FUZZ=ON
+
+test-fuzz: bootstrap $(FUZZ_BUILD)/build.ninja
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target vellumdesk_fuzz
+	cd $(FUZZ_BUILD) && ctest --output-on-failure -j $(JOBS)
+	JOBS=$(JOBS) tests/fuzz/run-fuzzers $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
+test: test-fast test-asan test-tsan test-fuzz
 
 demo: build
 	scripts/run-demo $(BUILD)
@@ -60,4 +74,4 @@ package: build
 	cmake --build $(BUILD) --target package
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD) $(TSAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(TSAN_BUILD) $(FUZZ_BUILD)

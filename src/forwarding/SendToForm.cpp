@@ -1,6 +1,7 @@
 #include "forwarding/SendToForm.h"
 
 #include "forwarding/SMTPFunc.h"
+#include "foundation/ListFile.h"
 #include "foundation/Utils.h"
 #include "settings/ConfigRecord.h"
 #include "settings/Globals.h"
@@ -59,19 +60,22 @@ void TfrmSendTo::OpenForward(const AnsiString& messageFile, const AnsiString& se
     SenderText = sender;
     const AnsiString path = Utils->AddBackslash(Globals->DataFolder) + "AddressBook.ini";
     LMDcbSendTo.ClearItems();
+    // No history yet: the list starts empty. One that is there but cannot be
+    // read whole (a NUL byte, too big) starts it empty too, and is not
+    // written over with what was not read.
+    bool keepFile = false;
     try {
         TStringList history;
-        history.LoadFromFile(path);
-        LMDcbSendTo.SetItems(history);
+        if (LoadExistingListFile(history, path)) LMDcbSendTo.SetItems(history);
     } catch (...) {
-        // No history yet, or none that can be read: the list stays empty.
+        keepFile = true;
     }
     mMsgBody.SetText("");
     ShowModal();
     TStringList items = LMDcbSendTo.Items();
     if (items.IndexOf(LMDcbSendTo.Text()) < 0) items.Add(LMDcbSendTo.Text());
     LMDcbSendTo.SetItems(items);
-    items.SaveToFile(path);
+    if (!keepFile) items.SaveToFile(path);
 }
 
 // The file's text goes whole into the body list, its header lines included.

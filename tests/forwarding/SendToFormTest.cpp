@@ -116,6 +116,18 @@ TEST_F(SendToFormTest, ToAndSubjectStayAcrossOpeningsTheNoteStartsEmpty) {
     EXPECT_EQ(PlainServer().Log(), "");
 }
 
+TEST_F(SendToFormTest, AHistoryTheListCannotHoldWholeIsNotWrittenOver) {
+    const std::string held("ann@example.org\r\n\0bob@example.org\r\n", 35);
+    temp.Write("data/Quillpost Users/AddressBook.ini", held);
+    Start();
+    Forward([](TfrmSendTo& dialog) {
+        EXPECT_EQ(dialog.LMDcbSendTo.Items().Count(), 0);
+        dialog.LMDcbSendTo.UserType("cy@example.org");
+        dialog.LMDpfCancel.Click();
+    });
+    EXPECT_EQ(History(), held);
+}
+
 TEST_F(SendToFormTest, FailedSendClosesTheDialogAndLeavesTheReasonInLastResult) {
     WriteConfig("127.0.0.1:" + std::to_string(ClosedPort()));
     Start();

@@ -77,8 +77,10 @@ TEST(FlattenRuleText, EveryLineEndBecomesOneSeparator) {
         {"", ""},
         {"a\r\nb\r\n", "a|b|"},
         {"a\r\n\r\n", "a||"},
-        {"a\nb\n", "a|b|"},  // LF alone
-        {"a\rb\r\n", "ab|"}, // a CR alone is dropped, not a separator
+        {"a\nb\n", "a|b|"},      // LF alone
+        {"a\rb\r\n", "ab|"},     // a CR alone is dropped, not a separator
+        {"a\r\rb\r\r\n", "ab|"}, // every one of them, more CRs than LFs
+        {"a\r\r", "a"},
         {"a|b\r\n", "a|b|"}, // a separator in a field stays
         {"no end", "no end"},
     };

@@ -1,13 +1,16 @@
 #pragma once
 // Opens the files of a list in list order on a thread of its own, a bounded
 // number ahead of those taken, and can ask the kernel to start reading each
-// one as it is opened: a file that is not in memory yet is then on its way
-// while the files before it are read. At most depth files are open at once.
+// one that is not in memory as it is opened: a cold file is then on its way
+// while the files before it are read. While the files keep being found in
+// memory only a sample is probed, so a warm list costs about what it would
+// without the hints. At most depth files are open at once.
 //
 //   TReadAhead ahead(dirFd, names, {.depth = 64, .hint = true});
 //   for (i ...) { TFileDescriptor fd = ahead.Take(i); ... }
 //
-// Take may be called from several threads, each index once.
+// Take may be called from several threads, each index once, in about list
+// order: an index waits until the one depth before it was taken.
 
 #include <condition_variable>
 #include <cstddef>
@@ -22,7 +25,7 @@ class TReadAhead {
 public:
     struct TOptions {
         std::size_t depth = 64;
-        bool hint = true; // posix_fadvise(WILLNEED) on each file opened
+        bool hint = true; // posix_fadvise(WILLNEED) on each file opened that is not in memory
         // How a name is opened; openat(dirFd, name, O_RDONLY|O_CLOEXEC|O_NONBLOCK) if null.
         int (*open)(int dirFd, const char* name) = nullptr;
     };
@@ -46,6 +49,7 @@ private:
         bool ready = false;
     };
     void OpenAll();
+    static constexpr std::size_t warmRunLimit = 16, sampleEvery = 8;
 
     int dirFd;
     const std::vector<std::string>& names;
@@ -57,5 +61,6 @@ private:
     std::size_t wakeAt; // free slots that wake the opener
     bool openerWaiting = false;
     bool stopping = false;
+    std::size_t warmRun = 0; // files probed in a row found in memory; the opener's own
     std::thread opener;
 };

@@ -21,15 +21,18 @@ TMessageSearch::TMessageSearch(const TSearchMatcher& matcher, std::size_t block)
 
 bool TMessageSearch::SearchFile(const char* path, std::vector<TLineHit>& hits) {
     // O_NONBLOCK: a pipe or device under a message's name must not hold the search.
-    TFileDescriptor file(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    if (!file.IsOpen()) return false;
+    const TFileDescriptor file(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    return SearchOpenFile(file.Get(), hits);
+}
+
+bool TMessageSearch::SearchOpenFile(int fd, std::vector<TLineHit>& hits) {
     struct stat st {};
-    if (::fstat(file.Get(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
+    if (fd < 0 || ::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return false;
     if (!matcher.CanMatch()) return true;
     const std::size_t before = hits.size();
     auto read = [&](char* into, std::size_t size) -> std::ptrdiff_t {
         for (;;) {
-            const ssize_t got = ::read(file.Get(), into, size);
+            const ssize_t got = ::read(fd, into, size);
             if (got >= 0 || errno != EINTR) return got;
         }
     };

@@ -31,6 +31,8 @@ public:
     // opened or read, or is no plain file (a pipe, a device, a folder): such
     // a file gives no hits. Never waits on a file that has no data yet.
     bool SearchFile(const char* path, std::vector<TLineHit>& hits);
+    // The same on a file opened by the caller (not open: false).
+    bool SearchOpenFile(int fd, std::vector<TLineHit>& hits);
     // The same on bytes in memory, read block by block as a file would be.
     void SearchText(std::string_view text, std::vector<TLineHit>& hits);
 

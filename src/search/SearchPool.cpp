@@ -4,14 +4,22 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdlib>
+#include <fcntl.h>
 #include <mutex>
 #include <thread>
+
+#include "foundation/ReadAhead.h"
 
 namespace {
 
 // How far the workers may run ahead of the calling thread, in files, so a
 // slow consumer does not pile up the hits of the whole list.
 constexpr std::size_t aheadLimit = 1024;
+
+// How many files are open and on their way from the disk ahead of the
+// workers: a cold file is then read while the ones before it are searched,
+// and the descriptors stay few.
+constexpr TReadAhead::TOptions openAhead{.depth = 64, .hint = true};
 
 struct TSlot {
     std::vector<TLineHit> hits;
@@ -21,7 +29,7 @@ struct TSlot {
 class TSharedRun {
 public:
     TSharedRun(const std::vector<std::string>& paths, const TSearchMatcher& matcher)
-        : paths(paths), matcher(matcher), slots(paths.size()) {}
+        : paths(paths), matcher(matcher), slots(paths.size()), ahead(AT_FDCWD, paths, openAhead) {}
 
     void Work() {
         TMessageSearch search(matcher);
@@ -30,7 +38,7 @@ public:
             if (i >= paths.size()) return;
             WaitForRoom(i);
             std::vector<TLineHit> hits;
-            search.SearchFile(paths[i].c_str(), hits);
+            search.SearchOpenFile(ahead.Take(i).Get(), hits);
             std::lock_guard lock(mutex);
             slots[i].hits = std::move(hits);
             slots[i].ready = true;
@@ -65,6 +73,7 @@ private:
     std::size_t taken = 0;
     std::mutex mutex;
     std::condition_variable changed;
+    TReadAhead ahead;
 };
 
 } // namespace
@@ -74,10 +83,11 @@ void SearchInFiles(const std::vector<std::string>& paths, const TSearchMatcher& 
     if (!matcher.CanMatch() || paths.empty()) return;
     if (workers <= 1 || paths.size() == 1) {
         TMessageSearch search(matcher);
+        TReadAhead ahead(AT_FDCWD, paths, openAhead);
         std::vector<TLineHit> hits;
         for (std::size_t i = 0; i < paths.size(); ++i) {
             hits.clear();
-            search.SearchFile(paths[i].c_str(), hits);
+            search.SearchOpenFile(ahead.Take(i).Get(), hits);
             if (!hits.empty()) take(i, hits);
         }
         return;

@@ -144,9 +144,8 @@ void TInboxFrm::LMDpfSubEmailersClick() {
 }
 
 void TInboxFrm::pmEmailersPopup() {
-    if (Globals->MailClients.Count() == 0) return;
-    Globals->MenuClick = [this](TMenuItem& sender) { EmailerMenuClick(sender); };
-    Globals->FillMenu(pmEmailers.Items, Globals->MailClients);
+    Globals->FillClientMenu(pmEmailers.Items,
+                            [this](TMenuItem& sender) { EmailerMenuClick(sender); });
 }
 
 void TInboxFrm::EmailerMenuClick(TMenuItem& sender) {

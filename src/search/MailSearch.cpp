@@ -213,9 +213,8 @@ void TfrmMailSearch::LMDpfSubEmailersClick() {
 }
 
 void TfrmMailSearch::pmEmailersPopup() {
-    if (Globals->MailClients.Count() == 0) return;
-    Globals->MenuClick = [this](TMenuItem& sender) { EmailerMenuClick(sender); };
-    Globals->FillMenu(pmEmailers.Items, Globals->MailClients);
+    Globals->FillClientMenu(pmEmailers.Items,
+                            [this](TMenuItem& sender) { EmailerMenuClick(sender); });
 }
 
 void TfrmMailSearch::EmailerMenuClick(TMenuItem& sender) {

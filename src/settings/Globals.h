@@ -28,6 +28,9 @@ public:
 
     // Menu and mail-client helpers.
     int FillMenu(TMenuItem& item, const TStringList& list);
+    // The menu of a window's mail-client button: every client found, each
+    // item running onClick; left as it is when no client was found.
+    void FillClientMenu(TMenuItem& item, std::function<void(TMenuItem& sender)> onClick);
     // True when the client started; nothing is shown on any failure.
     bool OpenInMailClient(const AnsiString& client, const AnsiString& file);
     AnsiString FindLineValue(const AnsiString& key, const TStringList& lines);

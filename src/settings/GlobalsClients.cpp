@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <utility>
 
 #include "controls/PopupMenu.h"
 #include "foundation/CaseFold.h"
@@ -29,6 +30,12 @@ int TGlobals::FillMenu(TMenuItem& item, const TStringList& list) {
         item.Add(std::move(entry));
     }
     return item.GetCount();
+}
+
+void TGlobals::FillClientMenu(TMenuItem& item, std::function<void(TMenuItem& sender)> onClick) {
+    if (MailClients.Count() == 0) return;
+    MenuClick = std::move(onClick);
+    FillMenu(item, MailClients);
 }
 
 // A client's command is the desktop entry that registers it, so starting that

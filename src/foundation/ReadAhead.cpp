@@ -40,46 +40,71 @@ TReadAhead::~TReadAhead() {
     Stop();
 }
 
+int TReadAhead::Open(std::size_t index) const {
+    return options.open(dirFd, names[index].c_str());
+}
+
+std::size_t TReadAhead::ClaimNext(std::unique_lock<std::mutex>& lock) {
+    for (;;) {
+        if (stopping || nextOpen >= names.size()) return none;
+        const TSlot& slot = slots[nextOpen % slots.size()];
+        if (!slot.ready) break;
+        // Woken once a quarter of the slots is free, not at every take.
+        openerWaiting = true;
+        changed.wait(lock, [&] { return stopping || (!slot.ready && free >= wakeAt); });
+        openerWaiting = false;
+    }
+    --free;
+    opening = nextOpen++;
+    return opening;
+}
+
 void TReadAhead::OpenAll() {
-    for (std::size_t k = 0; k < names.size(); ++k) {
-        TSlot& slot = slots[k % slots.size()];
+    for (;;) {
+        std::size_t k = none;
         {
-            // Woken once a quarter of the slots is free, not at every take.
             std::unique_lock lock(mutex);
-            if (slot.ready) {
-                openerWaiting = true;
-                changed.wait(lock, [&] { return stopping || (!slot.ready && free >= wakeAt); });
-                openerWaiting = false;
-            }
-            if (stopping) return;
-            --free;
+            k = ClaimNext(lock);
         }
-        const int fd = options.open(dirFd, names[k].c_str());
+        if (k == none) return;
+        const int fd = Open(k);
         // In a run of files found in memory only a sample is probed, to
         // notice when the files turn cold.
         if (fd >= 0 && options.hint && (warmRun < warmRunLimit || k % sampleEvery == 0))
             warmRun = Hint(fd) ? 0 : warmRun + 1;
+        bool awaited = false;
         {
             std::lock_guard lock(mutex);
-            slot = {k, fd, true};
+            slots[k % slots.size()] = {k, fd, true};
+            opening = none;
+            awaited = openingAwaited;
+            openingAwaited = false;
         }
-        changed.notify_all();
+        if (awaited) changed.notify_all();
     }
 }
 
+// A file that waits open is taken as it is; one the opener is opening is
+// waited for; any other is opened here, and the opener goes on behind it.
 TFileDescriptor TReadAhead::Take(std::size_t index) {
     TSlot& slot = slots[index % slots.size()];
-    int fd = -1;
-    {
-        std::unique_lock lock(mutex);
-        changed.wait(lock, [&] { return stopping || (slot.ready && slot.index == index); });
-        if (stopping) return {};
-        fd = slot.fd;
-        slot.ready = false;
-        ++free;
-        if (!openerWaiting || free < wakeAt) return TFileDescriptor(fd);
+    std::unique_lock lock(mutex);
+    if (index == opening) {
+        openingAwaited = true;
+        changed.wait(lock, [&] { return stopping || index != opening; });
     }
-    changed.notify_all();
+    if (stopping) return {};
+    if (!slot.ready || slot.index != index) {
+        nextOpen = std::max(nextOpen, index + 1);
+        lock.unlock();
+        return TFileDescriptor(Open(index));
+    }
+    const int fd = slot.fd;
+    slot.ready = false;
+    ++free;
+    const bool wake = openerWaiting && free >= wakeAt;
+    lock.unlock();
+    if (wake) changed.notify_all();
     return TFileDescriptor(fd);
 }
 

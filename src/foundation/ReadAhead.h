@@ -4,13 +4,15 @@
 // one that is not in memory as it is opened: a cold file is then on its way
 // while the files before it are read. While the files keep being found in
 // memory only a sample is probed, so a warm list costs about what it would
-// without the hints. At most depth files are open at once.
+// without the hints. A file the opener has not come to yet when it is taken
+// is opened by the taker itself, so takers that outrun the opener never wait
+// for it. At most depth files wait open, besides those the takers hold.
 //
 //   TReadAhead ahead(dirFd, names, {.depth = 64, .hint = true});
 //   for (i ...) { TFileDescriptor fd = ahead.Take(i); ... }
 //
 // Take may be called from several threads, each index once, in about list
-// order: an index waits until the one depth before it was taken.
+// order.
 
 #include <condition_variable>
 #include <cstddef>
@@ -49,6 +51,10 @@ private:
         bool ready = false;
     };
     void OpenAll();
+    // The next index for the opener, waiting for its slot; none at the end.
+    std::size_t ClaimNext(std::unique_lock<std::mutex>& lock);
+    int Open(std::size_t index) const;
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
     static constexpr std::size_t warmRunLimit = 16, sampleEvery = 8;
 
     int dirFd;
@@ -59,6 +65,11 @@ private:
     std::condition_variable changed;
     std::size_t free;   // slots neither opened nor waiting to be taken
     std::size_t wakeAt; // free slots that wake the opener
+    // Indexes below nextOpen were opened by the opener, are being opened by
+    // it (opening), or were passed to their takers.
+    std::size_t nextOpen = 0;
+    std::size_t opening = none;
+    bool openingAwaited = false;
     bool openerWaiting = false;
     bool stopping = false;
     std::size_t warmRun = 0; // files probed in a row found in memory; the opener's own

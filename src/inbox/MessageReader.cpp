@@ -22,14 +22,17 @@ void TMessageReader::Read(int fd, TScannedMessage& out) {
     out.WalkPasses = 0;
     struct stat st {};
     if (fd < 0 || ::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return;
-    const bool read = ReadWhole(fd, static_cast<std::size_t>(st.st_size), out);
+    const auto size = static_cast<std::size_t>(st.st_size);
+    const bool read = ReadWhole(fd, size, out);
     if (!read || out.State != TState::Read) return;
     out.SentDate = out.Date;
     out.Date = TUtils::NormaliseDate(AnsiString(std::move(out.Date))).str();
-    // The size as the entry gives it after the read; a file removed
-    // meanwhile has no link left and counts as gone.
-    out.Size =
-        ::fstat(fd, &st) == 0 && st.st_nlink > 0 ? static_cast<std::uint32_t>(st.st_size) : 0;
+    // The size as the entry gives it after the read. When the read met the
+    // end where the entry said it was, that answer still holds; a file that
+    // changed while it was read is asked again. A file removed by then has no
+    // link left and counts as gone.
+    if (!text.EndedAt(size) && ::fstat(fd, &st) != 0) st.st_nlink = 0;
+    out.Size = st.st_nlink > 0 ? static_cast<std::uint32_t>(st.st_size) : 0;
     out.Device = st.st_dev;
     out.Inode = st.st_ino;
 }

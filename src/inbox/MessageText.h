@@ -8,6 +8,7 @@
 // are the byte offsets of line starts.
 
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -26,6 +27,8 @@ public:
     // nothing behind it belongs to the text. sizeHint, the size the file had
     // a moment ago, sizes the buffer once instead of letting it double.
     TLoad LoadFrom(int fd, std::size_t limit, std::size_t sizeHint = 0);
+    // True when the last load read the whole file and found it size bytes long.
+    bool EndedAt(std::size_t size) const { return read == size && atEnd; }
     // The raw bytes of the last load that was too large.
     std::string_view Raw() const { return {buffer.get(), read}; }
     // Reads the next bytes of a file that was too large into the buffer,
@@ -57,10 +60,15 @@ private:
     // Reads into the buffer behind what it holds; the count, 0 at the end, -1 on an error.
     long ReadChunk(int fd, std::size_t room);
 
-    std::unique_ptr<char[]> buffer; // grows to the largest file and stays there
+    struct TFree {
+        void operator()(char* p) const { std::free(p); }
+    };
+    using TBuffer = std::unique_ptr<char, TFree>;
+    TBuffer buffer; // grows to the largest file and stays there
     std::size_t capacity = 0;
     std::size_t length = 0;
     std::size_t read = 0;
+    bool atEnd = false; // the last load read up to the end of its file
     std::uint32_t fileSize = 0;
 };
 

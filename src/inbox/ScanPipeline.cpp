@@ -16,10 +16,12 @@ int TScanPipeline::DefaultWorkers() {
 }
 
 TScanPipeline::TScanPipeline(int dirFd, std::vector<std::string> listed, TOptions options)
-    : folder(dirFd >= 0 ? ::fcntl(dirFd, F_DUPFD_CLOEXEC, 0) : -1), names(std::move(listed)) {
+    : folder(dirFd >= 0 ? ::fcntl(dirFd, F_DUPFD_CLOEXEC, 0) : -1), names(std::move(listed)),
+      awaitedFirst(none), awaitedLast(none) {
     const int count = options.workers > 0 ? options.workers : DefaultWorkers();
     // Enough records that no worker waits for the window while the others run.
     const std::size_t window = 4 * static_cast<std::size_t>(count) + 8;
+    batch = window / 4;
     records.resize(window);
     recordIndex.assign(window, none);
     readAhead = std::make_unique<TReadAhead>(
@@ -36,10 +38,14 @@ TScanPipeline::~TScanPipeline() {
         std::lock_guard lock(mutex);
         stopping = true;
     }
-    changed.notify_all();
+    roomFreed.notify_all();
     readAhead->Stop();
     for (std::thread& worker : workers)
         worker.join();
+}
+
+bool TScanPipeline::HasRoom() const {
+    return stopping || nextClaim >= names.size() || nextClaim < held + records.size();
 }
 
 void TScanPipeline::Work() {
@@ -48,9 +54,11 @@ void TScanPipeline::Work() {
         std::size_t index = 0;
         {
             std::unique_lock lock(mutex);
-            changed.wait(lock, [&] {
-                return stopping || nextClaim >= names.size() || nextClaim < held + records.size();
-            });
+            if (!HasRoom()) {
+                ++workersWaiting;
+                roomFreed.wait(lock, [&] { return HasRoom(); });
+                --workersWaiting;
+            }
             if (stopping || nextClaim >= names.size()) return;
             index = nextClaim++;
         }
@@ -63,21 +71,30 @@ void TScanPipeline::Work() {
             record.State = TScannedMessage::TState::Unreadable;
         }
         file.Close();
+        bool awaited = false;
         {
             std::lock_guard lock(mutex);
             recordIndex[index % records.size()] = index;
+            awaited = index == awaitedFirst || index == awaitedLast;
         }
-        changed.notify_all();
+        if (awaited) recordDone.notify_one();
     }
 }
 
+// A take that finds its record not done yet waits for a few more, so that
+// the window's thread, quicker than the workers, does not sleep and wake
+// once per file.
 const TScannedMessage& TScanPipeline::Take(std::size_t index) {
     const std::size_t slot = index % records.size();
-    {
-        std::unique_lock lock(mutex);
-        held = index;
-        changed.notify_all();
-        changed.wait(lock, [&] { return recordIndex[slot] == index; });
-    }
+    std::unique_lock lock(mutex);
+    held = index;
+    if (workersWaiting > 0 && nextClaim + batch <= held + records.size()) roomFreed.notify_all();
+    if (recordIndex[slot] == index) return records[slot];
+    awaitedFirst = index;
+    awaitedLast = std::min(index + batch, names.size()) - 1;
+    const std::size_t lastSlot = awaitedLast % records.size();
+    recordDone.wait(
+        lock, [&] { return recordIndex[slot] == index && recordIndex[lastSlot] == awaitedLast; });
+    awaitedFirst = awaitedLast = none;
     return records[slot];
 }

@@ -40,13 +40,20 @@ public:
 
 private:
     void Work();
+    bool HasRoom() const;
 
     TFileDescriptor folder;
     std::vector<std::string> names;
     std::vector<TScannedMessage> records;
     std::vector<std::size_t> recordIndex; // which name each record holds
+    std::size_t batch;                    // records the window's thread waits for at once
     std::mutex mutex;
-    std::condition_variable changed;
+    // Each side is woken only when it waits and what it waits for is there:
+    // a wake-up costs a system call, and most takes find their record done.
+    std::condition_variable roomFreed;
+    std::condition_variable recordDone;
+    int workersWaiting = 0;
+    std::size_t awaitedFirst, awaitedLast; // none while the window's thread runs
     std::size_t nextClaim = 0;
     std::size_t held = 0; // the index the window's thread holds
     bool stopping = false;

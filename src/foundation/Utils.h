@@ -49,6 +49,11 @@ public:
     // Adds the names under mask (folder + "/*." + extension) whose extension
     // matches byte for byte and whose size is not 0. True if any was added.
     bool SearchFiles(const AnsiString& mask, int attr, TStringList& list, bool all);
+    // The names SearchFiles(mask, faAnyFile, ...) would add, before their size
+    // and kind are known: only the entries the folder itself marks as folders
+    // are left out. No entry is looked up, so a long folder lists at once; the
+    // reader of each file then drops what the size rule drops. False if none.
+    bool ListCandidates(const AnsiString& mask, TStringList& list);
 
     // --- Path texts
     AnsiString StripLeadingBackslash(const AnsiString& path) const;

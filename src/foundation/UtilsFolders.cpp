@@ -44,6 +44,23 @@ bool HasWildcard(std::string_view s) {
     return s.find_first_of("*?") != std::string_view::npos;
 }
 
+// The extension a mask asks for, from its last dot: a name matches when
+// its own extension is the same, byte for byte.
+class TExtension {
+public:
+    explicit TExtension(const AnsiString& mask) {
+        const int dot = mask.LastDelimiter(".");
+        if (dot > 0) wanted = mask.SubString(dot, mask.Length()).str();
+    }
+    bool Matches(std::string_view name) const {
+        const auto dot = name.rfind('.');
+        return (dot == std::string_view::npos ? std::string_view() : name.substr(dot)) == wanted;
+    }
+
+private:
+    std::string wanted;
+};
+
 struct SplitMask {
     std::string folder; // "." when the mask has no folder
     std::string pattern;
@@ -55,6 +72,10 @@ SplitMask Split(const std::string& path) {
     return {slash == 0 ? "/" : path.substr(0, slash), path.substr(slash + 1)};
 }
 
+bool IsDots(const char* name) {
+    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+}
+
 // Calls visit(name, stat) for each entry of folder that pattern matches and
 // mask admits, in the directory's own order, until visit returns false.
 template <typename Visit> void ListEntries(const SplitMask& where, int mask, Visit&& visit) {
@@ -63,7 +84,7 @@ template <typename Visit> void ListEntries(const SplitMask& where, int mask, Vis
     const int dirFd = dirfd(dir);
     while (const dirent* entry = readdir(dir)) {
         const char* name = entry->d_name;
-        if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0) continue;
+        if (IsDots(name)) continue;
         if (fnmatch(where.pattern.c_str(), name, 0) != 0) continue;
         struct stat st {};
         if (fstatat(dirFd, name, &st, 0) != 0) continue;
@@ -136,19 +157,33 @@ std::uint32_t TUtils::GetFileSize(const AnsiString& path) {
 }
 
 bool TUtils::SearchFiles(const AnsiString& mask, int attr, TStringList& list, bool /*all*/) {
-    const int dot = mask.LastDelimiter(".");
-    const std::string wanted = dot > 0 ? mask.SubString(dot, mask.Length()).str() : std::string();
+    const TExtension wanted(mask);
     bool added = false;
     ListEntries(Split(mask.str()), attr, [&](std::string_view name, const struct stat& st) {
         if (S_ISDIR(st.st_mode) || st.st_size == 0) return true;
-        const auto nameDot = name.rfind('.');
-        const std::string_view ext =
-            nameDot == std::string_view::npos ? std::string_view() : name.substr(nameDot);
-        if (ext == wanted) {
+        if (wanted.Matches(name)) {
             list.Add(AnsiString(name));
             added = true;
         }
         return true;
     });
+    return added;
+}
+
+bool TUtils::ListCandidates(const AnsiString& mask, TStringList& list) {
+    const SplitMask where = Split(mask.str());
+    const TExtension wanted(mask);
+    DIR* dir = opendir(where.folder.c_str());
+    if (!dir) return false;
+    bool added = false;
+    while (const dirent* entry = readdir(dir)) {
+        const char* name = entry->d_name;
+        if (entry->d_type == DT_DIR || IsDots(name) || !wanted.Matches(name) ||
+            fnmatch(where.pattern.c_str(), name, 0) != 0)
+            continue;
+        list.Add(AnsiString(name));
+        added = true;
+    }
+    closedir(dir);
     return added;
 }

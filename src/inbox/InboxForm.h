@@ -157,6 +157,12 @@ private:
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
     void ScanMessage(int index, const TScannedMessage& message, int filterType);
+    void ReadListedFiles(unsigned generation, const TStringList& listed,
+                         std::vector<std::string> names, const AnsiString& prefix, bool inFolder,
+                         int filterType);
+    void ReadFilesOfNewerScan(int index, int filterType);
+    // Reads a file here, into scanned.
+    const TScannedMessage& ReadFile(const AnsiString& path);
     void ShowScannedRows(std::chrono::steady_clock::time_point& shown);
     void CollectFilterTexts(std::string_view from, std::string_view subject, std::string_view date);
     void OpenListedFolder(const AnsiString& mask);

@@ -21,13 +21,14 @@ void Yield() {
 }
 
 // Lists the folder on a thread of its own while this one goes on handling
-// events: a folder of 100,000 messages takes the better part of a second.
+// events. The listing only reads the folder, so even 100,000 names take
+// little time; the readers of the files drop what the listing left in.
 // The same thread makes the names the workers open: prefix + name, or the
 // bare name when they open it in the held folder (empty prefix).
 bool ListWhileYielding(const AnsiString& mask, const AnsiString& prefix, TStringList& listed,
                        std::vector<std::string>& names) {
     auto listing = std::async(std::launch::async, [&, utils = Utils] {
-        if (!utils->SearchFiles(mask, faAnyFile, listed, false)) return false;
+        if (!utils->ListCandidates(mask, listed)) return false;
         names.reserve(static_cast<std::size_t>(listed.Count()));
         for (const AnsiString& name : listed)
             names.push_back(prefix.IsEmpty() ? name.str() : (prefix + name).str());
@@ -116,39 +117,62 @@ int TInboxFrm::ScanMessages() {
         lvEmailList.EndUpdate();
         return MessageFiles.Count();
     }
-    MessageFiles = std::move(listed);
-    if (found) {
-        lvEmailList.Reserve(MessageFiles.Count());
-        listedFiles.assign(static_cast<std::size_t>(MessageFiles.Count()), TFileId{});
-        std::chrono::steady_clock::time_point shown{};
-        auto pipeline = std::make_unique<TScanPipeline>(
-            inFolder ? listedFolder.Get() : AT_FDCWD, std::move(names),
-            TScanPipeline::TOptions{.workers = ScanWorkers});
-        for (int i = 0; i < MessageFiles.Count(); ++i) {
-            Yield();
-            // A scan started meanwhile owns the list now; this one goes on
-            // with it on this thread, as it always did.
-            if (pipeline &&
-                (generation != scanGeneration || static_cast<std::size_t>(i) >= pipeline->Count() ||
-                 (Application && Application->Terminated())))
-                pipeline.reset();
-            if (pipeline) {
-                ScanMessage(i, pipeline->Take(static_cast<std::size_t>(i)), filterType);
-            } else {
-                const TFileDescriptor file(
-                    TMessageReader::Open(AT_FDCWD, (prefix + MessageFiles[i]).c_str()));
-                reader.Read(file.Get(), scanned);
-                ScanMessage(i, scanned, filterType);
-            }
-            ShowScannedRows(shown);
-            if (OnScanProgress) OnScanProgress(i + 1, MessageFiles.Count());
-        }
-    }
+    if (found) ReadListedFiles(generation, listed, std::move(names), prefix, inFolder, filterType);
     AnsiString status;
     LMDpfStatusBar.SetCaption(status.sprintf("%d Messages", lvEmailList.Count()));
     lvEmailList.SetSortType(sortType);
     lvEmailList.EndUpdate();
     return MessageFiles.Count();
+}
+
+// The names listed are read in list order; a name the readers find to be a
+// folder or an empty file joins neither MessageFiles nor the rows.
+void TInboxFrm::ReadListedFiles(unsigned generation, const TStringList& listed,
+                                std::vector<std::string> names, const AnsiString& prefix,
+                                bool inFolder, int filterType) {
+    const int count = listed.Count();
+    lvEmailList.Reserve(count);
+    listedFiles.reserve(static_cast<std::size_t>(count));
+    auto pipeline =
+        std::make_unique<TScanPipeline>(inFolder ? listedFolder.Get() : AT_FDCWD, std::move(names),
+                                        TScanPipeline::TOptions{.workers = ScanWorkers});
+    std::chrono::steady_clock::time_point shown{};
+    int added = 0;
+    for (int i = 0; i < count; ++i) {
+        Yield();
+        // A scan started meanwhile owns MessageFiles now; this one goes on
+        // with that list below, as it always did.
+        if (generation != scanGeneration) {
+            pipeline.reset();
+            ReadFilesOfNewerScan(added, filterType);
+            return;
+        }
+        if (pipeline && Application && Application->Terminated()) pipeline.reset();
+        const TScannedMessage& message =
+            pipeline ? pipeline->Take(static_cast<std::size_t>(i)) : ReadFile(prefix + listed[i]);
+        if (OnScanProgress) OnScanProgress(i + 1, count);
+        if (message.State == TScannedMessage::TState::NotListed) continue;
+        MessageFiles.Add(listed[i]);
+        listedFiles.emplace_back();
+        ScanMessage(added++, message, filterType);
+        ShowScannedRows(shown);
+    }
+}
+
+// The files of the list a newer scan made, from index on, read here; the
+// yield for index was made.
+void TInboxFrm::ReadFilesOfNewerScan(int index, int filterType) {
+    const AnsiString prefix = Utils->AddBackslash(MailboxFolder);
+    for (int i = index; i < MessageFiles.Count(); ++i) {
+        if (i > index) Yield();
+        ScanMessage(i, ReadFile(prefix + MessageFiles[i]), filterType);
+    }
+}
+
+const TScannedMessage& TInboxFrm::ReadFile(const AnsiString& path) {
+    const TFileDescriptor file(TMessageReader::Open(AT_FDCWD, path.c_str()));
+    reader.Read(AT_FDCWD, path.c_str(), file.Get(), scanned);
+    return scanned;
 }
 
 // The rows so far go to the screen with the first one and then every tenth

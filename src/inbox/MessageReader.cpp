@@ -9,7 +9,19 @@ namespace {
 
 using TState = TScannedMessage::TState;
 
+// What the folder listing leaves out: folders and files of size 0.
+bool IsNotListed(const struct stat& st) {
+    return S_ISDIR(st.st_mode) || st.st_size == 0;
+}
+
 } // namespace
+
+void TMessageReader::Read(int dirFd, const char* name, int fd, TScannedMessage& out) {
+    Read(fd, out);
+    if (fd >= 0) return;
+    struct stat st {};
+    if (::fstatat(dirFd, name, &st, 0) != 0 || IsNotListed(st)) out.State = TState::NotListed;
+}
 
 // Non-blocking, so that a pipe put in a message's place cannot hold the scan;
 // links are followed, as the listing followed them.
@@ -21,7 +33,12 @@ void TMessageReader::Read(int fd, TScannedMessage& out) {
     out.State = TState::Unreadable;
     out.WalkPasses = 0;
     struct stat st {};
-    if (fd < 0 || ::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return;
+    if (fd < 0 || ::fstat(fd, &st) != 0) return;
+    if (IsNotListed(st)) {
+        out.State = TState::NotListed;
+        return;
+    }
+    if (!S_ISREG(st.st_mode)) return;
     const auto size = static_cast<std::size_t>(st.st_size);
     const bool read = ReadWhole(fd, size, out);
     if (!read || out.State != TState::Read) return;

@@ -20,8 +20,13 @@ public:
     // Opens name in the folder dirFd (or a full path with AT_FDCWD) for
     // reading, never waiting on what is not a plain file.
     static int Open(int dirFd, const char* name);
-    // Reads the open file fd into out; fd stays open.
+    // Reads the open file fd into out; fd stays open. A folder or an empty
+    // file is NotListed: a listing by name alone could not tell.
     void Read(int fd, TScannedMessage& out);
+    // Reads the file fd opened from name in dirFd, or -1 if it could not be
+    // opened: then the name is looked at, and it is NotListed when it names
+    // nothing, a folder or an empty file, else Unreadable.
+    void Read(int dirFd, const char* name, int fd, TScannedMessage& out);
 
 private:
     bool ReadWhole(int fd, std::size_t size, TScannedMessage& out);

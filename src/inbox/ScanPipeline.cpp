@@ -65,7 +65,8 @@ void TScanPipeline::Work() {
         TScannedMessage& record = records[index % records.size()];
         TFileDescriptor file = readAhead->Take(index);
         try {
-            reader.Read(file.Get(), record);
+            reader.Read(folder.IsOpen() ? folder.Get() : AT_FDCWD, names[index].c_str(), file.Get(),
+                        record);
         } catch (const std::exception&) {
             // Out of memory on one file costs that file its row.
             record.State = TScannedMessage::TState::Unreadable;

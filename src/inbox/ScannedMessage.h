@@ -8,6 +8,7 @@
 
 struct TScannedMessage {
     enum class TState {
+        NotListed,  // a folder, an empty file or a name with nothing behind it
         Unreadable, // not opened, not a plain file, or a read error
         NoLines,    // empty, or a NUL in its first byte
         Read,

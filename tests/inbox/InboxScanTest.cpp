@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "inbox/InboxForm.h"
 #include "support/GlobalScope.h"
@@ -75,10 +77,28 @@ TEST_F(InboxScan, StrangeFilesCostOnlyTheirOwnRow) {
     Write("a.emlx", Message("x", "y", "z"));
     Write(".hidden.eml", Message("Dot", "s", "Mon, 3 Mar 2003 12:34:56 +0100"));
     folder.MakeFolder("box/folder.eml");
+    ::mkfifo((folder / "box/pipe.eml").c_str(), 0600);
+    for (const auto& [link, target] : {std::pair{"dangling.eml", "none.eml"},
+                                       {"to-empty.eml", "empty.eml"},
+                                       {"to-folder.eml", "folder.eml"},
+                                       {"to-crlf.eml", "crlf.eml"}})
+        ASSERT_EQ(::symlink(target, (folder / ("box/" + std::string(link))).c_str()), 0);
     inbox.ScanMessages();
     std::vector<std::string> names = Column(6);
     std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{".hidden.eml", "binary.eml", "crlf.eml"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{".hidden.eml", "binary.eml", "crlf.eml", "to-crlf.eml"}));
+    // The files the scan kept are those a listing that looks at each entry keeps.
+    TStringList listed;
+    Utils->SearchFiles(inbox.MailboxFolder + "/*.eml", faAnyFile, listed, false);
+    std::vector<std::string> kept, expected;
+    for (const AnsiString& name : inbox.MessageFiles)
+        kept.push_back(name.str());
+    for (const AnsiString& name : listed)
+        expected.push_back(name.str());
+    std::sort(kept.begin(), kept.end());
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(kept, expected);
     for (int i = 0; i < inbox.lvEmailList.Count(); ++i) {
         const TListItem& row = inbox.lvEmailList.Item(i);
         if (row.SubItems[5] == ".hidden.eml") continue;

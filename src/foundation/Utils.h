@@ -6,6 +6,8 @@
 // and "\" count as separators, so texts in either form split the same way.
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "foundation/AnsiString.h"
@@ -52,8 +54,10 @@ public:
     // The names SearchFiles(mask, faAnyFile, ...) would add, before their size
     // and kind are known: only the entries the folder itself marks as folders
     // are left out. No entry is looked up, so a long folder lists at once; the
-    // reader of each file then drops what the size rule drops. False if none.
-    bool ListCandidates(const AnsiString& mask, TStringList& list);
+    // reader of each file then drops what the size rule drops. Each name is
+    // added behind prefix. False if none.
+    bool ListCandidates(const AnsiString& mask, std::string_view prefix,
+                        std::vector<std::string>& names);
 
     // --- Path texts
     AnsiString StripLeadingBackslash(const AnsiString& path) const;

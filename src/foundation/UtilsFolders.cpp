@@ -52,6 +52,7 @@ public:
         const int dot = mask.LastDelimiter(".");
         if (dot > 0) wanted = mask.SubString(dot, mask.Length()).str();
     }
+    const std::string& Text() const { return wanted; }
     bool Matches(std::string_view name) const {
         const auto dot = name.rfind('.');
         return (dot == std::string_view::npos ? std::string_view() : name.substr(dot)) == wanted;
@@ -170,18 +171,23 @@ bool TUtils::SearchFiles(const AnsiString& mask, int attr, TStringList& list, bo
     return added;
 }
 
-bool TUtils::ListCandidates(const AnsiString& mask, TStringList& list) {
+bool TUtils::ListCandidates(const AnsiString& mask, std::string_view prefix,
+                            std::vector<std::string>& names) {
     const SplitMask where = Split(mask.str());
     const TExtension wanted(mask);
+    // The scan's own mask, "*" and the extension, asks nothing more of a
+    // name than the extension does.
+    const bool extensionOnly = where.pattern == "*" + wanted.Text();
     DIR* dir = opendir(where.folder.c_str());
     if (!dir) return false;
     bool added = false;
     while (const dirent* entry = readdir(dir)) {
         const char* name = entry->d_name;
         if (entry->d_type == DT_DIR || IsDots(name) || !wanted.Matches(name) ||
-            fnmatch(where.pattern.c_str(), name, 0) != 0)
+            (!extensionOnly && fnmatch(where.pattern.c_str(), name, 0) != 0))
             continue;
-        list.Add(AnsiString(name));
+        std::string& named = names.emplace_back(prefix);
+        named += name;
         added = true;
     }
     closedir(dir);

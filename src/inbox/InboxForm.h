@@ -157,8 +157,8 @@ private:
     // Reads one file into a row, or into nothing when it has no lines or
     // fails the filter.
     void ScanMessage(int index, const TScannedMessage& message, int filterType);
-    void ReadListedFiles(unsigned generation, const TStringList& listed,
-                         std::vector<std::string> names, const AnsiString& prefix, bool inFolder,
+    // names as the listing gave them, each behind namePrefix bytes of path.
+    void ReadListedFiles(unsigned generation, const std::vector<std::string>& names, int namePrefix,
                          int filterType);
     void ReadFilesOfNewerScan(int index, int filterType);
     // Reads a file here, into scanned.

@@ -23,16 +23,12 @@ void Yield() {
 // Lists the folder on a thread of its own while this one goes on handling
 // events. The listing only reads the folder, so even 100,000 names take
 // little time; the readers of the files drop what the listing left in.
-// The same thread makes the names the workers open: prefix + name, or the
-// bare name when they open it in the held folder (empty prefix).
-bool ListWhileYielding(const AnsiString& mask, const AnsiString& prefix, TStringList& listed,
+// The names are those the workers open: prefix + name, or the bare name when
+// they open it in the held folder (empty prefix).
+bool ListWhileYielding(const AnsiString& mask, const AnsiString& prefix,
                        std::vector<std::string>& names) {
     auto listing = std::async(std::launch::async, [&, utils = Utils] {
-        if (!utils->ListCandidates(mask, listed)) return false;
-        names.reserve(static_cast<std::size_t>(listed.Count()));
-        for (const AnsiString& name : listed)
-            names.push_back(prefix.IsEmpty() ? name.str() : (prefix + name).str());
-        return true;
+        return utils->ListCandidates(mask, prefix.view(), names);
     });
     while (listing.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
         Yield();
@@ -108,16 +104,16 @@ int TInboxFrm::ScanMessages() {
     // Names are opened in the held folder, unless the path the window
     // builds is not that folder's (a name that ends in a backslash).
     const bool inFolder = listedFolder.IsOpen() && (prefix.IsEmpty() || prefix.str().back() == '/');
-    TStringList listed;
     std::vector<std::string> names;
-    const bool found = ListWhileYielding(mask, inFolder ? AnsiString() : prefix, listed, names);
+    const AnsiString namePrefix = inFolder ? AnsiString() : prefix;
+    const bool found = ListWhileYielding(mask, namePrefix, names);
     if (generation != scanGeneration) {
         // A scan started during the listing has listed and read the folder itself.
         lvEmailList.SetSortType(sortType);
         lvEmailList.EndUpdate();
         return MessageFiles.Count();
     }
-    if (found) ReadListedFiles(generation, listed, std::move(names), prefix, inFolder, filterType);
+    if (found) ReadListedFiles(generation, names, namePrefix.Length(), filterType);
     AnsiString status;
     LMDpfStatusBar.SetCaption(status.sprintf("%d Messages", lvEmailList.Count()));
     lvEmailList.SetSortType(sortType);
@@ -127,14 +123,14 @@ int TInboxFrm::ScanMessages() {
 
 // The names listed are read in list order; a name the readers find to be a
 // folder or an empty file joins neither MessageFiles nor the rows.
-void TInboxFrm::ReadListedFiles(unsigned generation, const TStringList& listed,
-                                std::vector<std::string> names, const AnsiString& prefix,
-                                bool inFolder, int filterType) {
-    const int count = listed.Count();
+void TInboxFrm::ReadListedFiles(unsigned generation, const std::vector<std::string>& names,
+                                int namePrefix, int filterType) {
+    const int count = static_cast<int>(names.size());
+    const bool inFolder = namePrefix == 0 && listedFolder.IsOpen();
     lvEmailList.Reserve(count);
-    listedFiles.reserve(static_cast<std::size_t>(count));
+    listedFiles.reserve(names.size());
     auto pipeline =
-        std::make_unique<TScanPipeline>(inFolder ? listedFolder.Get() : AT_FDCWD, std::move(names),
+        std::make_unique<TScanPipeline>(inFolder ? listedFolder.Get() : AT_FDCWD, names,
                                         TScanPipeline::TOptions{.workers = ScanWorkers});
     std::chrono::steady_clock::time_point shown{};
     int added = 0;
@@ -148,11 +144,14 @@ void TInboxFrm::ReadListedFiles(unsigned generation, const TStringList& listed,
             return;
         }
         if (pipeline && Application && Application->Terminated()) pipeline.reset();
-        const TScannedMessage& message =
-            pipeline ? pipeline->Take(static_cast<std::size_t>(i)) : ReadFile(prefix + listed[i]);
+        const AnsiString name(std::string_view(names[static_cast<std::size_t>(i)])
+                                  .substr(static_cast<std::size_t>(namePrefix)));
+        const TScannedMessage& message = pipeline
+                                             ? pipeline->Take(static_cast<std::size_t>(i))
+                                             : ReadFile(Utils->AddBackslash(MailboxFolder) + name);
         if (OnScanProgress) OnScanProgress(i + 1, count);
         if (message.State == TScannedMessage::TState::NotListed) continue;
-        MessageFiles.Add(listed[i]);
+        MessageFiles.Add(name);
         listedFiles.emplace_back();
         ScanMessage(added++, message, filterType);
         ShowScannedRows(shown);

@@ -15,8 +15,8 @@ int TScanPipeline::DefaultWorkers() {
     return std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
 }
 
-TScanPipeline::TScanPipeline(int dirFd, std::vector<std::string> listed, TOptions options)
-    : folder(dirFd >= 0 ? ::fcntl(dirFd, F_DUPFD_CLOEXEC, 0) : -1), names(std::move(listed)),
+TScanPipeline::TScanPipeline(int dirFd, const std::vector<std::string>& names, TOptions options)
+    : folder(dirFd >= 0 ? ::fcntl(dirFd, F_DUPFD_CLOEXEC, 0) : -1), names(names),
       awaitedFirst(none), awaitedLast(none) {
     const int count = options.workers > 0 ? options.workers : DefaultWorkers();
     // Enough records that no worker waits for the window while the others run.

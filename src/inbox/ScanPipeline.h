@@ -24,8 +24,8 @@ public:
         bool hint = true;
     };
     // names are opened relative to dirFd (AT_FDCWD for full paths); the
-    // pipeline keeps its own handle on that folder.
-    TScanPipeline(int dirFd, std::vector<std::string> names, TOptions options);
+    // pipeline keeps its own handle on that folder. names must outlive it.
+    TScanPipeline(int dirFd, const std::vector<std::string>& names, TOptions options);
     ~TScanPipeline();
     TScanPipeline(const TScanPipeline&) = delete;
     TScanPipeline& operator=(const TScanPipeline&) = delete;
@@ -43,7 +43,7 @@ private:
     bool HasRoom() const;
 
     TFileDescriptor folder;
-    std::vector<std::string> names;
+    const std::vector<std::string>& names;
     std::vector<TScannedMessage> records;
     std::vector<std::size_t> recordIndex; // which name each record holds
     std::size_t batch;                    // records the window's thread waits for at once

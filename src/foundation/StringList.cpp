@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <iterator>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -63,6 +64,38 @@ int TStringList::Add(const AnsiString& line) {
     }
     lines.insert(lines.begin() + index, line);
     return index;
+}
+
+void TStringList::AddLines(std::vector<AnsiString>& added) {
+    if (!sorted || duplicates != TDuplicates::dupIgnore) {
+        for (const AnsiString& line : added)
+            Add(line);
+        added.clear();
+        return;
+    }
+    const auto compare = [](const AnsiString& a, const AnsiString& b) {
+        return CompareStrings(a.view(), b.view());
+    };
+    // Of lines that compare equal the first one added stays, as Find keeps it.
+    std::stable_sort(added.begin(), added.end(),
+                     [&](const AnsiString& a, const AnsiString& b) { return compare(a, b) < 0; });
+    added.erase(
+        std::unique(added.begin(), added.end(),
+                    [&](const AnsiString& a, const AnsiString& b) { return compare(a, b) == 0; }),
+        added.end());
+    std::vector<AnsiString> merged;
+    merged.reserve(lines.size() + added.size());
+    auto old = lines.begin();
+    auto now = added.begin();
+    while (old != lines.end() && now != added.end()) {
+        const int c = compare(*old, *now);
+        if (c == 0) ++now;
+        merged.push_back(std::move(c <= 0 ? *old++ : *now++));
+    }
+    std::move(old, lines.end(), std::back_inserter(merged));
+    std::move(now, added.end(), std::back_inserter(merged));
+    lines = std::move(merged);
+    added.clear();
 }
 
 void TStringList::Insert(int index, const AnsiString& line) {

@@ -16,6 +16,11 @@ public:
     void PutStrings(int index, const AnsiString& line);
 
     int Add(const AnsiString& line);
+    // Adds lines, in their order, as Add would one by one, and empties them.
+    // On a sorted list that ignores duplicates it is one sort and one merge:
+    // many lines added one by one into the middle of a long list move the
+    // lines behind each of them.
+    void AddLines(std::vector<AnsiString>& added);
     void Insert(int index, const AnsiString& line);
     void Delete(int index);
     void Clear() { lines.clear(); }

@@ -19,6 +19,7 @@
 #include "foundation/FileDescriptor.h"
 #include "foundation/StringList.h"
 #include "inbox/MessageReader.h"
+#include "inbox/PendingLines.h"
 
 class TGlobals;
 class TPButtons;
@@ -165,6 +166,7 @@ private:
     const TScannedMessage& ReadFile(const AnsiString& path);
     void ShowScannedRows(std::chrono::steady_clock::time_point& shown);
     void CollectFilterTexts(std::string_view from, std::string_view subject, std::string_view date);
+    void FlushFilterTexts();
     void OpenListedFolder(const AnsiString& mask);
     // Removes a file of the last scan from the folder the scan listed, and
     // only while its entry still is the file that was read.
@@ -176,6 +178,10 @@ private:
     std::unique_ptr<TUtils> ownedUtils;
     std::unique_ptr<TPButtons> ownedPButtons;
 
+    // What a scan adds to the filter lists, added a batch at a time.
+    TPendingLines pendingFromTexts{FromFilterTexts};
+    TPendingLines pendingSubjectTexts{SubjectFilterTexts};
+    TPendingLines pendingDateTexts{DateFilterTexts};
     // Reads a file on the window's thread when no worker can; kept for its buffer.
     TMessageReader reader;
     TScannedMessage scanned;

@@ -114,6 +114,7 @@ int TInboxFrm::ScanMessages() {
         return MessageFiles.Count();
     }
     if (found) ReadListedFiles(generation, names, namePrefix.Length(), filterType);
+    FlushFilterTexts();
     AnsiString status;
     LMDpfStatusBar.SetCaption(status.sprintf("%d Messages", lvEmailList.Count()));
     lvEmailList.SetSortType(sortType);
@@ -245,12 +246,17 @@ bool TInboxFrm::DeleteListedFile(const AnsiString& name) {
 
 void TInboxFrm::CollectFilterTexts(std::string_view from, std::string_view subject,
                                    std::string_view date) {
-    if (!from.empty()) FromFilterTexts.Add(AnsiString(from));
+    if (!from.empty()) pendingFromTexts.Add(AnsiString(from));
     if (!subject.empty()) {
         const auto colon = subject.find(':');
-        SubjectFilterTexts.Add(colon == std::string_view::npos
-                                   ? AnsiString(subject)
-                                   : AnsiString(subject.substr(colon + 1, 255)));
+        pendingSubjectTexts.Add(colon == std::string_view::npos
+                                    ? AnsiString(subject)
+                                    : AnsiString(subject.substr(colon + 1, 255)));
     }
-    if (!date.empty()) DateFilterTexts.Add(UpToFirstBlank(AnsiString(date)));
+    if (!date.empty()) pendingDateTexts.Add(UpToFirstBlank(AnsiString(date)));
+}
+
+void TInboxFrm::FlushFilterTexts() {
+    for (TPendingLines* pending : {&pendingFromTexts, &pendingSubjectTexts, &pendingDateTexts})
+        pending->Flush();
 }

@@ -114,6 +114,7 @@ void TInboxFrm::LMDcbFilterTypeChange() {
 }
 
 void TInboxFrm::FillFilterTexts() {
+    FlushFilterTexts();
     const int type = LMDcbFilterType.Items().IndexOf(LMDcbFilterType.Text());
     switch (type) {
     case 1:

@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <random>
 #include <unistd.h>
 
 #include "foundation/StringList.h"
@@ -59,6 +60,32 @@ TEST(StringList, SortedAddKeepsTheFirstFormAndOrdersSymbolsDigitsLetters) {
                                                        "\xC3\xA9t\xC3\xA9", "Spam", "Zed"}));
     EXPECT_EQ(list.Add("BETA"), 3) << "a duplicate returns the index of the line already there";
     EXPECT_EQ(list.IndexOf("spam"), 5);
+}
+
+// Lines added in one batch end as they would one by one: which form of
+// lines differing in case stays, and the order, whatever stood in the list.
+TEST(StringList, AddLinesEndsAsAddOneByOne) {
+    std::mt19937 random(7);
+    const std::vector<std::string> words{
+        "ann", "Ann", "ANN", "b", "B", "\xc3\xa9t\xc3\xa9", "\xc3\x89T\xc3\x89",
+        "~x",  "10",  "9",   "",  " a"};
+    for (const bool sorted : {true, false}) {
+        for (int round = 0; round < 50; ++round) {
+            TStringList one, batch;
+            for (TStringList* list : {&one, &batch})
+                list->SetSorted(sorted);
+            for (const int size : {round % 5, 3 + round % 40}) {
+                std::vector<AnsiString> added;
+                for (int i = 0; i < size; ++i)
+                    added.emplace_back(words[random() % words.size()]);
+                for (const AnsiString& line : added)
+                    one.Add(line);
+                batch.AddLines(added);
+                EXPECT_TRUE(added.empty());
+                ASSERT_EQ(LinesOf(batch), LinesOf(one)) << "round " << round;
+            }
+        }
+    }
 }
 
 TEST(StringList, SortingAnExistingListSortsAtOnce) {

@@ -71,7 +71,6 @@ public:
     // 16-byte keys, with few visits to the rows; a list of OffThreadSortRows
     // rows or more is ordered on a thread of its own while the window's
     // thread goes on handling its events.
-    using TSortKey = ::TSortKey;
     std::function<TTextOrder()> OnTextOrder;
     std::size_t OffThreadSortRows = 10000;
 

@@ -37,14 +37,15 @@ test-asan: bootstrap $(ASAN_BUILD)/build.ninja
 	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS)
 
 # The code with worker threads under ThreadSanitizer, built without the Qt
-# program: the scan's worker tests, the search and the SMTP sender.
+# program: the scan's worker tests, the sort thread of a long list, the search
+# and the SMTP sender.
 $(TSAN_BUILD)/build.ninja: | bootstrap
 	cmake -S . -B $(TSAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVELLUMDESK_TSAN=ON -DVELLUMDESK_GUI=OFF
 
 test-tsan: bootstrap $(TSAN_BUILD)/build.ninja
 	cmake --build $(TSAN_BUILD) -j $(JOBS) --target inbox_tests search_tests forwarding_tests
 	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1 ctest --output-on-failure -j $(JOBS) \
-		-R 'inbox\.(ScanPipeline|MessageReader|Swaps)|^search\.|^forwarding\.'
+		-R 'inbox\.(ScanPipeline|MessageReader|Swaps|SortOffThread)|^search\.|^forwarding\.'
 
 # The readers of outside bytes under libFuzzer: first the replay of the seeds
 # and of every input that once failed (ctest), then each target for

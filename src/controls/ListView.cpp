@@ -1,13 +1,18 @@
 #include "controls/ListView.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <future>
 #include <numeric>
+#include <system_error>
 
 #include "foundation/Exceptions.h"
+#include "foundation/RunningApp.h"
 
 TListItem& TListView::Add() {
     items.emplace_back();
+    ++rowsVersion;
     RowsChanged(TChange::RowsAdded);
     return items.back();
 }
@@ -18,6 +23,7 @@ void TListView::Reserve(int count) {
 
 void TListView::Clear() {
     items.clear();
+    ++rowsVersion;
     RowsChanged(TChange::Rows);
 }
 
@@ -118,54 +124,59 @@ std::vector<std::uint32_t> TListView::SortedOrder() const {
     return order;
 }
 
-std::vector<std::uint32_t> TListView::SortedOrderByKeys() const {
-    std::vector<TKeyed> keyed;
-    keyed.reserve(items.size());
-    for (std::uint32_t i = 0; i < items.size(); ++i)
-        keyed.push_back({OnSortKey(items[i], 0), i});
-    SortByKeys(keyed.begin(), keyed.end(), 0);
-    std::vector<std::uint32_t> order(items.size());
-    for (std::size_t i = 0; i < keyed.size(); ++i)
-        order[i] = keyed[i].index;
-    return order;
+// The texts are copied on the window's thread, a slice at a time with the
+// events handled in between, as a long list's rows are far apart in memory;
+// the thread that orders them touches nothing else, and this one handles
+// events while it waits. Events that change the rows end the copy early:
+// Sort then starts anew.
+std::vector<std::uint32_t> TListView::SortedTextOrder() {
+    using clock = std::chrono::steady_clock;
+    constexpr auto slice = std::chrono::milliseconds(4);
+    const TTextOrder order = OnTextOrder();
+    TRunningApp* app = items.size() >= OffThreadSortRows ? TRunningApp::Running() : nullptr;
+    const std::uint64_t version = rowsVersion;
+    TSortTexts texts;
+    auto sliceStart = clock::now();
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        texts.Add(order.Text(items[i]));
+        if (!app || i % 1024 != 1023 || clock::now() - sliceStart < slice) continue;
+        app->ProcessMessages();
+        if (rowsVersion != version) return {};
+        sliceStart = clock::now();
+    }
+    if (!app) return OrderOfTexts(texts, order);
+    std::future<std::vector<std::uint32_t>> sorting;
+    try {
+        sorting = std::async(std::launch::async, [&] { return OrderOfTexts(texts, order); });
+    } catch (const std::system_error&) { // no thread to be had: sorted here, as ever
+        return OrderOfTexts(texts, order);
+    }
+    // The events waiting now are handled at least once while the thread works.
+    do
+        app->ProcessMessages();
+    while (sorting.wait_for(std::chrono::milliseconds(2)) != std::future_status::ready);
+    return sorting.get();
 }
 
-// Each run of equal keys is sorted on by the next 16 bytes of its rows'
-// texts. Equal keys of which only some are whole cannot happen with texts
-// free of NUL bytes; such a run, and one deeper than any text should be,
-// goes to OnCompare. Every step is stable, so equal rows keep their order.
-void TListView::SortByKeys(std::vector<TKeyed>::iterator first, std::vector<TKeyed>::iterator last,
-                           unsigned depth) const {
-    constexpr unsigned deepest = 64;
-    const auto same = [](const TKeyed& a, const TKeyed& b) {
-        return a.key.high == b.key.high && a.key.low == b.key.low;
-    };
-    std::stable_sort(first, last, [](const TKeyed& a, const TKeyed& b) {
-        return a.key.high != b.key.high ? a.key.high < b.key.high : a.key.low < b.key.low;
-    });
-    for (auto run = first; run != last;) {
-        const auto end =
-            std::find_if(run + 1, last, [&](const TKeyed& k) { return !same(k, *run); });
-        const auto wholeKeys = std::count_if(run, end, [](const TKeyed& k) { return k.key.whole; });
-        if (wholeKeys == 0 && end - run > 1 && depth < deepest) {
-            for (auto k = run; k != end; ++k)
-                k->key = OnSortKey(items[k->index], depth + 1);
-            SortByKeys(run, end, depth + 1);
-        } else if (wholeKeys != end - run) {
-            std::stable_sort(run, end, [this](const TKeyed& a, const TKeyed& b) {
-                return OnCompare(items[a.index], items[b.index]) < 0;
-            });
+void TListView::Sort() {
+    while (OnCompare && items.size() >= 2 && sortType == TSortType::stText) {
+        const std::uint64_t version = rowsVersion;
+        std::vector<std::uint32_t> order = OnTextOrder ? SortedTextOrder() : SortedOrder();
+        if (rowsVersion == version) {
+            MoveRows(std::move(order));
+            RowsChanged(TChange::Rows);
+            return;
         }
-        run = end;
+        // Events during the wait changed the rows: unless one of them
+        // sorted them last, they are sorted anew.
+        if (rowsVersion == sortedVersion) return;
     }
 }
 
 // The order is worked out on row numbers and the rows are then moved into
 // place: a stable sort of the rows themselves would want a second copy of
 // every row as its buffer.
-void TListView::Sort() {
-    if (!OnCompare || items.size() < 2) return;
-    std::vector<std::uint32_t> order = OnSortKey ? SortedOrderByKeys() : SortedOrder();
+void TListView::MoveRows(std::vector<std::uint32_t> order) {
     // Each cycle of the permutation is walked once; a visited place points at itself.
     for (std::uint32_t start = 0; start < order.size(); ++start) {
         if (order[start] == start) continue;
@@ -180,5 +191,5 @@ void TListView::Sort() {
         items[at] = std::move(held);
         order[at] = at;
     }
-    RowsChanged(TChange::Rows);
+    sortedVersion = ++rowsVersion;
 }

@@ -9,6 +9,7 @@
 
 #include "controls/Control.h"
 #include "controls/ListSubItems.h"
+#include "controls/TextOrder.h"
 #include "foundation/Sortable.h"
 
 struct TListItem {
@@ -58,21 +59,20 @@ public:
     void ClearSelection();
 
     // Sorting: setting stText while it is stNone sorts all rows once with
-    // OnCompare; setting the value it already has does nothing.
+    // OnCompare; setting the value it already has does nothing. Rows that
+    // events change while a sort waits for its thread are sorted anew,
+    // unless one of those events sorted them itself.
     TSortType SortType() const { return sortType; }
     void SetSortType(TSortType value) override;
     // Negative puts a above b, positive below, zero: equal.
     std::function<int(const TListItem& a, const TListItem& b)> OnCompare;
-    // Optional: a row's place in OnCompare's order as far as 16 bytes of its
-    // sort text tell, the first 16 at depth 0, the next at depth 1, and so on.
-    // Rows go by their keys where those differ; rows with equal whole keys
-    // (texts that end within those bytes) are equal; the rest go one depth
-    // further. A long list is then sorted with few visits to its rows.
-    struct TSortKey {
-        std::uint64_t high = 0, low = 0;
-        bool whole = false;
-    };
-    std::function<TSortKey(const TListItem& item, unsigned depth)> OnSortKey;
+    // Optional: OnCompare's order as the order of one text per row, asked
+    // for anew at each sort. With it the texts are copied out and ordered by
+    // 16-byte keys, with few visits to the rows; a list of OffThreadSortRows
+    // rows or more is ordered on a thread of its own while the window's
+    // thread goes on handling its events.
+    std::function<TTextOrder()> OnTextOrder;
+    std::size_t OffThreadSortRows = 10000;
 
     std::function<void(int column)> OnColumnClick;
     std::function<void()> OnDblClick;
@@ -88,13 +88,8 @@ private:
     void NoticeRows(TChange change);
     void Sort();
     std::vector<std::uint32_t> SortedOrder() const;
-    std::vector<std::uint32_t> SortedOrderByKeys() const;
-    struct TKeyed {
-        TSortKey key;
-        std::uint32_t index;
-    };
-    void SortByKeys(std::vector<TKeyed>::iterator first, std::vector<TKeyed>::iterator last,
-                    unsigned depth) const;
+    std::vector<std::uint32_t> SortedTextOrder();
+    void MoveRows(std::vector<std::uint32_t> order);
 
     std::vector<TListItem> items;
     TSortType sortType = TSortType::stNone;
@@ -103,4 +98,8 @@ private:
     bool rowsReplaced = false; // since the last notice, more than additions
     std::size_t noticedCount = 0;
     bool pendingSelection = false;
+    // Counts the changes of the rows themselves (added, cleared, moved), so
+    // that a sort can tell whether events during its wait changed them.
+    std::uint64_t rowsVersion = 0;
+    std::uint64_t sortedVersion = 0; // rowsVersion right after the last sort
 };

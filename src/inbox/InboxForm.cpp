@@ -87,9 +87,7 @@ void TInboxFrm::SetUpList() {
     lvEmailList.OnCompare = [this](const TListItem& a, const TListItem& b) {
         return lvEmailListCompare(a, b);
     };
-    lvEmailList.OnSortKey = [this](const TListItem& item, unsigned depth) {
-        return lvEmailListSortKey(item, depth);
-    };
+    lvEmailList.OnTextOrder = [this] { return lvEmailListTextOrder(); };
 }
 
 void TInboxFrm::SetUpMenus() {

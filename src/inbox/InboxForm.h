@@ -91,8 +91,8 @@ public:
     // --- Sorting and filtering
     void lvEmailListColumnClick(int column);
     int lvEmailListCompare(const TListItem& item1, const TListItem& item2) const;
-    // 16 bytes at a time of the order lvEmailListCompare gives.
-    TListView::TSortKey lvEmailListSortKey(const TListItem& item, unsigned depth) const;
+    // The order lvEmailListCompare gives, as the order of one text per row.
+    TTextOrder lvEmailListTextOrder() const;
     void LMDcbFilterTypeChange();
     void LMDcbFilterTextChange() {}
     void FillFilterTexts();

@@ -44,35 +44,25 @@ int OrderedUpper(std::string_view x, std::string_view y) {
     return Ordered(x.size(), y.size());
 }
 
-} // namespace
-
-void TInboxFrm::lvEmailListColumnClick(int column) {
-    Utils->ToggleSort(lvEmailList, column);
-}
-
 // Ascending for every column but Arrival Date, whose first click shows the
 // newest month first; a second click on a column reverses it.
-int TInboxFrm::lvEmailListCompare(const TListItem& item1, const TListItem& item2) const {
-    const int column = Utils->SortColumn;
+int CompareTexts(int column, bool flag, std::string_view a, std::string_view b) {
     int r = 0;
     if (column == 3)
-        r = Ordered(AnsiString(TextOfColumn(item1, 3)).ToIntDef(0),
-                    AnsiString(TextOfColumn(item2, 3)).ToIntDef(0));
+        r = Ordered(AnsiString(a).ToIntDef(0), AnsiString(b).ToIntDef(0));
     else
-        r = OrderedUpper(TextOfColumn(item1, column), TextOfColumn(item2, column));
+        r = OrderedUpper(a, b);
     if (column == 2) r = -r;
-    if (!Utils->SortFlag) r = -r;
+    if (!flag) r = -r;
     return r;
 }
 
 // 16 bytes of the upper-cased text, big-endian and padded with zeros, order
 // as the texts do wherever they differ; the number column orders by its
 // value. A column that runs from large to small turns the key's bits over.
-TListView::TSortKey TInboxFrm::lvEmailListSortKey(const TListItem& item, unsigned depth) const {
-    const int column = Utils->SortColumn;
-    const bool ascending = (column == 2) == Utils->SortFlag;
-    TListView::TSortKey key;
-    const std::string_view text = TextOfColumn(item, column);
+TSortKey KeyOfText(int column, bool flag, std::string_view text, unsigned depth) {
+    const bool ascending = (column == 2) == flag;
+    TSortKey key;
     if (column == 3) {
         key.high =
             static_cast<std::uint64_t>(AnsiString(text).ToIntDef(0)) ^ (std::uint64_t{1} << 63);
@@ -98,6 +88,31 @@ TListView::TSortKey TInboxFrm::lvEmailListSortKey(const TListItem& item, unsigne
         key.low = ~key.low;
     }
     return key;
+}
+
+} // namespace
+
+void TInboxFrm::lvEmailListColumnClick(int column) {
+    Utils->ToggleSort(lvEmailList, column);
+}
+
+int TInboxFrm::lvEmailListCompare(const TListItem& item1, const TListItem& item2) const {
+    const int column = Utils->SortColumn;
+    return CompareTexts(column, Utils->SortFlag, TextOfColumn(item1, column),
+                        TextOfColumn(item2, column));
+}
+
+// The column and direction of now, held by value: the texts may be ordered
+// on another thread while a click changes them.
+TTextOrder TInboxFrm::lvEmailListTextOrder() const {
+    const int column = Utils->SortColumn;
+    const bool flag = Utils->SortFlag;
+    return {
+        .Text = [column](const TListItem& row) { return TextOfColumn(row, column); },
+        .Key = [column, flag](std::string_view text,
+                              unsigned depth) { return KeyOfText(column, flag, text, depth); },
+        .Compare = [column, flag](std::string_view a,
+                                  std::string_view b) { return CompareTexts(column, flag, a, b); }};
 }
 
 int TInboxFrm::SortedColumn() const {

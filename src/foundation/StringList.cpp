@@ -51,9 +51,9 @@ bool TStringList::Find(std::string_view line, int& index) const {
     return found;
 }
 
-int TStringList::Add(const AnsiString& line) {
+int TStringList::Add(AnsiString line) {
     if (!sorted) {
-        lines.push_back(line);
+        lines.push_back(std::move(line));
         return Count() - 1;
     }
     int index = 0;
@@ -62,7 +62,7 @@ int TStringList::Add(const AnsiString& line) {
         if (duplicates == TDuplicates::dupError)
             throw EStringListError("String list does not allow duplicates");
     }
-    lines.insert(lines.begin() + index, line);
+    lines.insert(lines.begin() + index, std::move(line));
     return index;
 }
 

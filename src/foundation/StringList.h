@@ -15,7 +15,7 @@ public:
     const AnsiString& operator[](int index) const { return Strings(index); }
     void PutStrings(int index, const AnsiString& line);
 
-    int Add(const AnsiString& line);
+    int Add(AnsiString line);
     // Adds lines, in their order, as Add would one by one, and empties them.
     // On a sorted list that ignores duplicates it is one sort and one merge:
     // many lines added one by one into the middle of a long list move the

@@ -159,7 +159,7 @@ private:
     // fails the filter.
     void ScanMessage(int index, const TScannedMessage& message, int filterType);
     // names as the listing gave them, each behind namePrefix bytes of path.
-    void ReadListedFiles(unsigned generation, const std::vector<std::string>& names, int namePrefix,
+    void ReadListedFiles(unsigned generation, std::vector<std::string>& names, int namePrefix,
                          int filterType);
     void ReadFilesOfNewerScan(int index, int filterType);
     // Reads a file here, into scanned.

@@ -124,9 +124,10 @@ int TInboxFrm::ScanMessages() {
 
 // The names listed are read in list order; a name the readers find to be a
 // folder or an empty file joins neither MessageFiles nor the rows.
-void TInboxFrm::ReadListedFiles(unsigned generation, const std::vector<std::string>& names,
+void TInboxFrm::ReadListedFiles(unsigned generation, std::vector<std::string>& names,
                                 int namePrefix, int filterType) {
     const int count = static_cast<int>(names.size());
+    const auto bareName = static_cast<std::size_t>(namePrefix);
     const bool inFolder = namePrefix == 0 && listedFolder.IsOpen();
     lvEmailList.Reserve(count);
     listedFiles.reserve(names.size());
@@ -145,14 +146,15 @@ void TInboxFrm::ReadListedFiles(unsigned generation, const std::vector<std::stri
             return;
         }
         if (pipeline && Application && Application->Terminated()) pipeline.reset();
-        const AnsiString name(std::string_view(names[static_cast<std::size_t>(i)])
-                                  .substr(static_cast<std::size_t>(namePrefix)));
-        const TScannedMessage& message = pipeline
-                                             ? pipeline->Take(static_cast<std::size_t>(i))
-                                             : ReadFile(Utils->AddBackslash(MailboxFolder) + name);
+        std::string& listed = names[static_cast<std::size_t>(i)];
+        const std::string_view name = std::string_view(listed).substr(bareName);
+        const TScannedMessage& message =
+            pipeline ? pipeline->Take(static_cast<std::size_t>(i))
+                     : ReadFile(Utils->AddBackslash(MailboxFolder) + AnsiString(name));
         if (OnScanProgress) OnScanProgress(i + 1, count);
         if (message.State == TScannedMessage::TState::NotListed) continue;
-        MessageFiles.Add(name);
+        // No thread reads the name of a file taken: a bare name moves over.
+        MessageFiles.Add(bareName == 0 ? AnsiString(std::move(listed)) : AnsiString(name));
         listedFiles.emplace_back();
         ScanMessage(added++, message, filterType);
         ShowScannedRows(shown);

@@ -5,6 +5,7 @@
 // ahead, so memory does not grow with the mailbox. The window's thread is the
 // only one that sees a record it took, until it takes the next.
 
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <memory>
@@ -40,23 +41,29 @@ public:
 
 private:
     void Work();
-    bool HasRoom() const;
+    // Room for the record of index: the window's thread is done with the one
+    // before it in the same slot.
+    bool HasRoom(std::size_t index) const;
+    // Wakes those waiting on wake, if any; taking the lock first means none
+    // is between its test and its sleep.
+    void Wake(std::condition_variable& wake, bool all);
 
     TFileDescriptor folder;
     const std::vector<std::string>& names;
     std::vector<TScannedMessage> records;
-    std::vector<std::size_t> recordIndex; // which name each record holds
-    std::size_t batch;                    // records the window's thread waits for at once
+    // Which index each record holds. Claims, progress and records pass
+    // between the threads through atomics; the lock is only taken to sleep
+    // or to wake a sleeper, since most takes find their record done.
+    std::unique_ptr<std::atomic<std::size_t>[]> recordIndex;
+    std::size_t batch; // records the window's thread waits for at once
+    std::atomic<std::size_t> nextClaim{0};
+    std::atomic<std::size_t> held{0};                   // the index the window's thread holds
+    std::atomic<std::size_t> awaitedFirst, awaitedLast; // none while the window's thread runs
+    std::atomic<int> workersWaiting{0};
+    std::atomic<bool> stopping{false};
     std::mutex mutex;
-    // Each side is woken only when it waits and what it waits for is there:
-    // a wake-up costs a system call, and most takes find their record done.
     std::condition_variable roomFreed;
     std::condition_variable recordDone;
-    int workersWaiting = 0;
-    std::size_t awaitedFirst, awaitedLast; // none while the window's thread runs
-    std::size_t nextClaim = 0;
-    std::size_t held = 0; // the index the window's thread holds
-    bool stopping = false;
     std::unique_ptr<TReadAhead> readAhead;
     std::vector<std::thread> workers;
 };

@@ -58,10 +58,11 @@ TMessageText::TLoad TMessageText::LoadFrom(int fd, std::size_t limit, std::size_
     length = read = 0;
     fileSize = 0;
     atEnd = false;
-    // One byte more than the size, so that the end shows without a growth;
-    // a growth at least doubles, so the buffer is replaced only a few times.
+    // One byte more than the size, so that the end shows without a growth.
+    // A file larger than the first buffer takes it to the limit at once: each
+    // new buffer is faulted in anew, and a mailbox with one such file has more.
     if (sizeHint + 1 > capacity)
-        Reserve(std::min(std::max({initialCapacity, sizeHint + 1, 2 * capacity}), limit));
+        Reserve(std::min(sizeHint + 1 > initialCapacity ? limit : initialCapacity, limit));
     for (;;) {
         if (read == capacity) {
             if (capacity >= limit) return TLoad::TooLarge;

@@ -9,10 +9,6 @@
 
 namespace {
 
-int OpenPlain(int dirFd, const char* name) {
-    return ::openat(dirFd, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-}
-
 // Asks the kernel to read a file whose first byte is not in memory; false
 // when it was found there. The probe costs less than the hint on a file that
 // is in memory already, and only a plain file is probed: a read takes bytes
@@ -32,7 +28,6 @@ bool Hint(int fd) {
 TReadAhead::TReadAhead(int dirFd, const std::vector<std::string>& names, TOptions options)
     : dirFd(dirFd), names(names), options(options), slots(options.depth > 0 ? options.depth : 1),
       free(slots.size()), wakeAt(std::max<std::size_t>(1, slots.size() / 4)) {
-    if (!this->options.open) this->options.open = OpenPlain;
     opener = std::thread([this] { OpenAll(); });
 }
 
@@ -40,8 +35,12 @@ TReadAhead::~TReadAhead() {
     Stop();
 }
 
-int TReadAhead::Open(std::size_t index) const {
-    return options.open(dirFd, names[index].c_str());
+int TReadAhead::Open(int dirFd, const char* name) {
+    return ::openat(dirFd, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+}
+
+int TReadAhead::OpenAt(std::size_t index) const {
+    return Open(dirFd, names[index].c_str());
 }
 
 std::size_t TReadAhead::ClaimNext(std::unique_lock<std::mutex>& lock) {
@@ -67,7 +66,7 @@ void TReadAhead::OpenAll() {
             k = ClaimNext(lock);
         }
         if (k == none) return;
-        const int fd = Open(k);
+        const int fd = OpenAt(k);
         // In a run of files found in memory only a sample is probed, to
         // notice when the files turn cold.
         if (fd >= 0 && options.hint && (warmRun < warmRunLimit || k % sampleEvery == 0))
@@ -97,7 +96,7 @@ TFileDescriptor TReadAhead::Take(std::size_t index) {
     if (!slot.ready || slot.index != index) {
         nextOpen = std::max(nextOpen, index + 1);
         lock.unlock();
-        return TFileDescriptor(Open(index));
+        return TFileDescriptor(OpenAt(index));
     }
     const int fd = slot.fd;
     slot.ready = false;

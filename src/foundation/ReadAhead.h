@@ -28,9 +28,10 @@ public:
     struct TOptions {
         std::size_t depth = 64;
         bool hint = true; // posix_fadvise(WILLNEED) on each file opened that is not in memory
-        // How a name is opened; openat(dirFd, name, O_RDONLY|O_CLOEXEC|O_NONBLOCK) if null.
-        int (*open)(int dirFd, const char* name) = nullptr;
     };
+    // How a name is opened: for reading, following links, and non-blocking, so
+    // that a pipe put in a file's place cannot hold the reader.
+    static int Open(int dirFd, const char* name);
 
     // names must outlive this object; dirFd is a folder, or AT_FDCWD for full paths.
     TReadAhead(int dirFd, const std::vector<std::string>& names, TOptions options);
@@ -53,7 +54,7 @@ private:
     void OpenAll();
     // The next index for the opener, waiting for its slot; none at the end.
     std::size_t ClaimNext(std::unique_lock<std::mutex>& lock);
-    int Open(std::size_t index) const;
+    int OpenAt(std::size_t index) const;
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
     static constexpr std::size_t warmRunLimit = 16, sampleEvery = 8;
 

@@ -73,26 +73,31 @@ SplitMask Split(const std::string& path) {
     return {slash == 0 ? "/" : path.substr(0, slash), path.substr(slash + 1)};
 }
 
-bool IsDots(const char* name) {
-    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+// Calls visit(dirFd, entry) for each entry of folder but "." and "..", in
+// the directory's own order, until visit returns false.
+template <typename Visit> void ReadEntries(const std::string& folder, Visit&& visit) {
+    DIR* dir = opendir(folder.c_str());
+    if (!dir) return;
+    const int dirFd = dirfd(dir);
+    while (const dirent* entry = readdir(dir)) {
+        const char* name = entry->d_name;
+        if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0) continue;
+        if (!visit(dirFd, *entry)) break;
+    }
+    closedir(dir);
 }
 
 // Calls visit(name, stat) for each entry of folder that pattern matches and
 // mask admits, in the directory's own order, until visit returns false.
 template <typename Visit> void ListEntries(const SplitMask& where, int mask, Visit&& visit) {
-    DIR* dir = opendir(where.folder.c_str());
-    if (!dir) return;
-    const int dirFd = dirfd(dir);
-    while (const dirent* entry = readdir(dir)) {
-        const char* name = entry->d_name;
-        if (IsDots(name)) continue;
-        if (fnmatch(where.pattern.c_str(), name, 0) != 0) continue;
+    ReadEntries(where.folder, [&](int dirFd, const dirent& entry) {
+        const char* name = entry.d_name;
         struct stat st {};
-        if (fstatat(dirFd, name, &st, 0) != 0) continue;
-        if (!Admitted(AttributesOf(st, name), mask)) continue;
-        if (!visit(std::string_view(name), st)) break;
-    }
-    closedir(dir);
+        if (fnmatch(where.pattern.c_str(), name, 0) != 0 || fstatat(dirFd, name, &st, 0) != 0 ||
+            !Admitted(AttributesOf(st, name), mask))
+            return true;
+        return visit(std::string_view(name), st);
+    });
 }
 
 } // namespace
@@ -178,18 +183,16 @@ bool TUtils::ListCandidates(const AnsiString& mask, std::string_view prefix,
     // The scan's own mask, "*" and the extension, asks nothing more of a
     // name than the extension does.
     const bool extensionOnly = where.pattern == "*" + wanted.Text();
-    DIR* dir = opendir(where.folder.c_str());
-    if (!dir) return false;
     bool added = false;
-    while (const dirent* entry = readdir(dir)) {
-        const char* name = entry->d_name;
-        if (entry->d_type == DT_DIR || IsDots(name) || !wanted.Matches(name) ||
+    ReadEntries(where.folder, [&](int, const dirent& entry) {
+        const char* name = entry.d_name;
+        if (entry.d_type == DT_DIR || !wanted.Matches(name) ||
             (!extensionOnly && fnmatch(where.pattern.c_str(), name, 0) != 0))
-            continue;
+            return true;
         std::string& named = names.emplace_back(prefix);
         named += name;
         added = true;
-    }
-    closedir(dir);
+        return true;
+    });
     return added;
 }

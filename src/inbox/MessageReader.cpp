@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include "foundation/ReadAhead.h"
 #include "foundation/Utils.h"
 
 namespace {
@@ -23,10 +24,10 @@ void TMessageReader::Read(int dirFd, const char* name, int fd, TScannedMessage& 
     if (::fstatat(dirFd, name, &st, 0) != 0 || IsNotListed(st)) out.State = TState::NotListed;
 }
 
-// Non-blocking, so that a pipe put in a message's place cannot hold the scan;
-// links are followed, as the listing followed them.
+// The read-ahead's way: links are followed, as the listing followed them,
+// and a pipe put in a message's place cannot hold the scan.
 int TMessageReader::Open(int dirFd, const char* name) {
-    return ::openat(dirFd, name, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    return TReadAhead::Open(dirFd, name);
 }
 
 void TMessageReader::Read(int fd, TScannedMessage& out) {

@@ -32,8 +32,7 @@ TScanPipeline::TScanPipeline(int dirFd, const std::vector<std::string>& names, T
     readAhead = std::make_unique<TReadAhead>(
         folder.IsOpen() ? folder.Get() : AT_FDCWD, names,
         TReadAhead::TOptions{.depth = std::max(options.readAhead, static_cast<std::size_t>(count)),
-                             .hint = options.hint,
-                             .open = TMessageReader::Open});
+                             .hint = options.hint});
     for (int i = 0; i < count; ++i)
         workers.emplace_back([this] { Work(); });
 }
